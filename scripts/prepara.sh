@@ -1,0 +1,16 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that Vespara needs to build, test and run, if any is missing.
+set -euo pipefail
+PACCHETTI=(g++ cmake ninja-build pkg-config qt6-base-dev libqt6sql6-sqlite libxlsxwriter-dev
+    libbenchmark-dev fonts-liberation2 xvfb xauth python3-openpyxl)
+mancanti=()
+for p in "${PACCHETTI[@]}"; do
+    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || mancanti+=("$p")
+done
+if [ ${#mancanti[@]} -gt 0 ]; then
+    echo "Installo: ${mancanti[*]}"
+    SUDO=""
+    [ "$(id -u)" -eq 0 ] || SUDO="sudo"
+    $SUDO apt-get update -q
+    DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -q --no-install-recommends "${mancanti[@]}"
+fi

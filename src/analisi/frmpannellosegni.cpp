@@ -1,0 +1,190 @@
+#include "analisi/frmpannellosegni.h"
+
+#include "analisi/grigliepannello.h"
+#include "analisi/statistichesegni.h"
+#include "core/registroschermi.h"
+#include "core/statoprogramma.h"
+#include "piattaforma/griglia.h"
+#include "piattaforma/guardia.h"
+#include "piattaforma/vistagriglia.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QStyle>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QLabel *didascalia(const QString &testo, QWidget *genitore, const QString &nome = {}) {
+    auto *l = new QLabel(testo, genitore);
+    if (!nome.isEmpty())
+        l->setObjectName(nome);
+    QFont f = l->font();
+    f.setBold(true);
+    l->setFont(f);
+    return l;
+}
+
+} // namespace
+
+FrmPannelloSegni::FrmPannelloSegni(StatoProgramma &stato, QWidget *genitore)
+    : QWidget(genitore)
+    , m_stato(stato)
+    , m_terzine(new Griglia(GrigliePannello::RigheTerzine, 27, this))
+    , m_cinquine(new Griglia(GrigliePannello::RigheCinquine, 243, this))
+    , m_coppie(new Griglia(GrigliePannello::RigheCoppie, 9, this))
+    , m_selezione(*m_terzine) {
+    // Everything is computed here, once: the panel has no reload of its own.
+    const StatisticheSegni::Figure figure =
+        StatisticheSegni::calcola(stato.ColonneArchivio, stato.BaseColonne9);
+    GrigliePannello::riempiTerzine(*m_terzine, figure);
+    GrigliePannello::riempiCinquine(*m_cinquine, figure);
+    GrigliePannello::riempiCoppie(*m_coppie, figure);
+
+    setObjectName(u"frmPannelloSegni"_s);
+    setWindowTitle(QString::fromUtf8(Titolo));
+    setWindowFlags(Qt::FramelessWindowHint);
+    setAutoFillBackground(true);
+    setStyleSheet(u"FrmPannelloSegni { background: #eef1f6; }"
+                  "#lblTitolo { color: #1d3f72; }"
+                  "#lblIndice { color: #8b0000; }"
+                  "#lblEsci { font-weight: bold; color: white; background: #b03030; "
+                  "border: none; padding: 1px 7px; }"
+                  "#lblEsci:hover { background: #d04040; }"_s);
+
+    auto *titolo = didascalia(QString::fromUtf8(Titolo).trimmed(), this, u"lblTitolo"_s);
+    QFont fTitolo = titolo->font();
+    fTitolo.setPointSizeF(fTitolo.pointSizeF() * 1.15);
+    titolo->setFont(fTitolo);
+    auto *lblIndice =
+        didascalia(GrigliePannello::testoIndice(stato.ColonneArchivio), this, u"lblIndice"_s);
+    lblIndice->installEventFilter(this);
+    lblIndice->setCursor(Qt::SizeAllCursor);
+    auto *lblEsci = new QPushButton(u"X"_s, this);
+    lblEsci->setObjectName(u"lblEsci"_s);
+    lblEsci->setCursor(Qt::PointingHandCursor);
+    lblEsci->setToolTip(u"Chiudi"_s);
+    connect(lblEsci, &QPushButton::clicked, this, [this] { finestra()->close(); });
+
+    auto *vistaTerzine = creaVista(u"Griglia"_s, m_terzine, GrigliePannello::RigheTerzine);
+    auto *vistaCoppie = creaVista(u"GrigliaCoppie"_s, m_coppie, GrigliePannello::RigheCoppie);
+    auto *vistaCinquine =
+        creaVista(u"GrigliaCinquine"_s, m_cinquine, GrigliePannello::RigheCinquine);
+    connect(vistaTerzine, &VistaGriglia::clic, this, &FrmPannelloSegni::clicTerzine);
+
+    auto *cmbStampa = new QComboBox(this);
+    cmbStampa->setObjectName(u"cmbStampa"_s);
+    cmbStampa->addItems({u"Terzine"_s, u"Cinquine"_s, u"Coppie"_s});
+    cmbStampa->setCurrentIndex(0);
+    auto *lblStampa = new QLabel(u"Opzione di stampa"_s, this);
+    lblStampa->setObjectName(u"lblStampa"_s);
+    auto *imgStampa = new QPushButton(style()->standardIcon(QStyle::SP_FileDialogDetailedView),
+                                      u"Stampa"_s, this);
+    imgStampa->setObjectName(u"imgStampa"_s);
+    // Printing of the grids comes with the printing services.
+    imgStampa->setEnabled(false);
+
+    auto *testa = new QHBoxLayout;
+    testa->addWidget(titolo);
+    testa->addSpacing(24);
+    testa->addWidget(lblIndice);
+    testa->addStretch();
+    testa->addWidget(lblEsci);
+
+    auto *stampa = new QVBoxLayout;
+    stampa->addWidget(lblStampa);
+    stampa->addWidget(cmbStampa);
+    stampa->addWidget(imgStampa);
+    stampa->addStretch();
+
+    auto *griglie = new QGridLayout;
+    griglie->setHorizontalSpacing(16);
+    griglie->setVerticalSpacing(3);
+    griglie->addWidget(didascalia(u"Le 27 Terzine del 9"_s, this, u"lblTerzine"_s), 0, 0);
+    griglie->addWidget(vistaTerzine, 1, 0, 3, 1, Qt::AlignLeft | Qt::AlignTop);
+    griglie->addWidget(didascalia(u"Le Coppie finali (13-14)"_s, this, u"lblCoppie"_s), 0, 1);
+    griglie->addWidget(vistaCoppie, 1, 1, Qt::AlignLeft | Qt::AlignTop);
+    griglie->addLayout(stampa, 2, 1);
+    griglie->setRowStretch(2, 1);
+    griglie->setColumnStretch(1, 1);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(8, 6, 8, 8);
+    layout->setSpacing(4);
+    layout->addLayout(testa);
+    layout->addLayout(griglie);
+    layout->addWidget(
+        didascalia(u"Le Cinquine finali (Segni 10-11-12-13-14)"_s, this, u"lblCinquine"_s));
+    layout->addWidget(vistaCinquine);
+    vistaCinquine->setMaximumWidth(vistaTerzine->width() + 16 + 260);
+}
+
+FrmPannelloSegni::~FrmPannelloSegni() = default;
+
+VistaGriglia *FrmPannelloSegni::creaVista(const QString &nome, Griglia *griglia,
+                                          int righeVisibili) {
+    auto *vista = new VistaGriglia(this);
+    vista->setObjectName(nome);
+    vista->setGriglia(griglia);
+    int larghezza = 0;
+    for (int c = 0; c < griglia->colonne(); ++c)
+        larghezza += Griglia::twipsInPixel(griglia->larghezzaColonna(c));
+    const int bordo = 2 * vista->frameWidth();
+    const int altezza = righeVisibili * Griglia::twipsInPixel(griglia->altezzaRighe()) + bordo;
+    // The grid of the cinquine is too wide for any screen: it scrolls sideways.
+    const bool scorre = larghezza > 1000;
+    vista->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    vista->setHorizontalScrollBarPolicy(scorre ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    if (scorre) {
+        vista->setMinimumWidth(400);
+        vista->setFixedHeight(altezza + vista->horizontalScrollBar()->sizeHint().height());
+    } else {
+        vista->setFixedSize(larghezza + bordo, altezza);
+    }
+    return vista;
+}
+
+void FrmPannelloSegni::clicTerzine(int riga, int colonna) {
+    eseguiProtetto(m_stato.dialoghi(), [&] {
+        const SelezioneTerzine::Risultato r = m_selezione.clic(riga, colonna);
+        // The generator of systems is where the chosen terzine go.
+        if (r.esito == SelezioneTerzine::Esito::Aggiunta && m_stato.registro())
+            m_stato.registro()->mostraSchermo(u"frmSistema"_s);
+    });
+}
+
+QWidget *FrmPannelloSegni::finestra() {
+    if (auto *s = qobject_cast<QMdiSubWindow *>(parentWidget()))
+        return s;
+    return this;
+}
+
+void FrmPannelloSegni::mousePressEvent(QMouseEvent *e) {
+    // The panel has no title bar: it is moved by its background and by lblIndice.
+    if (e->button() == Qt::LeftButton)
+        m_presa = e->globalPosition().toPoint() - finestra()->pos();
+    QWidget::mousePressEvent(e);
+}
+
+void FrmPannelloSegni::mouseMoveEvent(QMouseEvent *e) {
+    if (e->buttons() & Qt::LeftButton)
+        finestra()->move(e->globalPosition().toPoint() - m_presa);
+    QWidget::mouseMoveEvent(e);
+}
+
+bool FrmPannelloSegni::eventFilter(QObject *oggetto, QEvent *e) {
+    if (e->type() == QEvent::MouseButtonPress)
+        mousePressEvent(static_cast<QMouseEvent *>(e));
+    else if (e->type() == QEvent::MouseMove)
+        mouseMoveEvent(static_cast<QMouseEvent *>(e));
+    return QWidget::eventFilter(oggetto, e);
+}

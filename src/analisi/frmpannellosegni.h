@@ -1,0 +1,47 @@
+#pragma once
+
+#include "analisi/selezioneterzine.h"
+
+#include <QPoint>
+#include <QWidget>
+
+class Griglia;
+class QComboBox;
+class QLabel;
+class StatoProgramma;
+class VistaGriglia;
+
+// The panel of the terzine, cinquine and coppie: delay and frequency of every group of signs in
+// the archive, computed once when the screen opens. It is also where the terzine of the system
+// generator are chosen.
+class FrmPannelloSegni : public QWidget {
+    Q_OBJECT
+public:
+    static constexpr const char *Titolo =
+        " Statistiche dei 14 segni nelle Terzine e nella Cinquina finale";
+
+    explicit FrmPannelloSegni(StatoProgramma &stato, QWidget *genitore = nullptr);
+    ~FrmPannelloSegni() override;
+
+    Griglia &terzine() const { return *m_terzine; }
+    Griglia &cinquine() const { return *m_cinquine; }
+    Griglia &coppie() const { return *m_coppie; }
+    const SelezioneTerzine &selezione() const { return m_selezione; }
+
+protected:
+    void mousePressEvent(QMouseEvent *e) override;
+    void mouseMoveEvent(QMouseEvent *e) override;
+    bool eventFilter(QObject *oggetto, QEvent *e) override;
+
+private:
+    VistaGriglia *creaVista(const QString &nome, Griglia *griglia, int righeVisibili);
+    void clicTerzine(int riga, int colonna);
+    QWidget *finestra();
+
+    StatoProgramma &m_stato;
+    Griglia *m_terzine;
+    Griglia *m_cinquine;
+    Griglia *m_coppie;
+    SelezioneTerzine m_selezione;
+    QPoint m_presa;
+};

@@ -1,0 +1,106 @@
+#include "analisi/grigliepannello.h"
+
+#include "piattaforma/griglia.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QColor Blu(0, 0, 255);
+const QColor Rosso(255, 0, 0);
+const QColor GrigioChiaro(224, 224, 224);
+
+void prepara(Griglia &g, int righe, int colonne, int larghezza) {
+    g.setRigheFisse(0);
+    g.setColonneFisse(0);
+    g.setRighe(righe);
+    g.setColonne(colonne);
+    g.pulisci();
+    for (int c = 0; c < colonne; ++c) {
+        g.setLarghezzaColonna(c, larghezza);
+        g.setAllineamentoColonna(c, Griglia::Allineamento::CentroCentro);
+    }
+}
+
+void segni(Griglia &g, const QStringList &elenco) {
+    for (int c = 0; c < elenco.size(); ++c)
+        for (int r = 0; r < elenco.at(c).size(); ++r)
+            g.setTesto(r, c, elenco.at(c).at(r));
+}
+
+void intestazione(Griglia &g, int riga, const QString &testo, const QColor &sfondo) {
+    for (int c = 0; c < g.colonne(); ++c) {
+        g.setTesto(riga, c, testo);
+        g.setSfondo(riga, c, sfondo);
+        g.setColore(riga, c, Qt::white);
+        g.setGrassetto(riga, c, true);
+    }
+}
+
+void etichetta(Griglia &g, int riga, const QString &testo) {
+    for (int c = 0; c < g.colonne(); ++c) {
+        g.setTesto(riga, c, testo);
+        g.setSfondo(riga, c, GrigioChiaro);
+    }
+}
+
+template <std::size_t N>
+void valori(Griglia &g, int riga, const std::array<StatisticheSegni::Figura, N> &figure,
+            bool ritardo) {
+    for (std::size_t c = 0; c < N; ++c) {
+        const auto &f = figure[c];
+        g.setTesto(riga, int(c), QString::number(ritardo ? f.ritardo : f.frequenza));
+        g.setColore(riga, int(c), ritardo ? Blu : Rosso);
+    }
+}
+
+// The short grids of the cinquine and coppie: signs, a rule, "R" and the delay, "F" and the
+// frequency.
+template <std::size_t N>
+void riempiBreve(Griglia &g, const QStringList &elenco,
+                 const std::array<StatisticheSegni::Figura, N> &figure, int larghezza) {
+    const int lato = int(elenco.first().size());
+    prepara(g, lato + 5, int(N), larghezza);
+    segni(g, elenco);
+    for (int c = 0; c < g.colonne(); ++c)
+        g.setTesto(lato, c, u"------"_s);
+    intestazione(g, lato + 1, u"R"_s, Blu);
+    valori(g, lato + 2, figure, true);
+    intestazione(g, lato + 3, u"F"_s, Rosso);
+    valori(g, lato + 4, figure, false);
+}
+
+} // namespace
+
+void GrigliePannello::riempiTerzine(Griglia &g, const StatisticheSegni::Figure &f) {
+    const auto blocco = g.inBlocco();
+    prepara(g, RigheTerzine, 27, 350);
+    segni(g, StatisticheSegni::elencoTerzine());
+    for (int c = 0; c < g.colonne(); ++c)
+        g.setTesto(3, c, u"------"_s);
+    intestazione(g, 4, u"R"_s, Blu);
+    intestazione(g, 13, u"F"_s, Rosso);
+    for (int b = 1; b <= 4; ++b) {
+        const QString nome = u"%1ª"_s.arg(b);
+        etichetta(g, rigaRitardo(b) - 1, nome);
+        etichetta(g, rigaFrequenza(b) - 1, nome);
+        valori(g, rigaRitardo(b), f.terzine[b - 1], true);
+        valori(g, rigaFrequenza(b), f.terzine[b - 1], false);
+    }
+}
+
+void GrigliePannello::riempiCinquine(Griglia &g, const StatisticheSegni::Figure &f) {
+    const auto blocco = g.inBlocco();
+    riempiBreve(g, StatisticheSegni::elencoCinquine(), f.cinquine, 550);
+}
+
+void GrigliePannello::riempiCoppie(Griglia &g, const StatisticheSegni::Figure &f) {
+    const auto blocco = g.inBlocco();
+    riempiBreve(g, StatisticheSegni::elencoCoppie(), f.coppie, 350);
+}
+
+QString GrigliePannello::testoIndice(const ArchivioColonne &archivio) {
+    const RigaArchivio &ultima = archivio.ultima();
+    return u"Stagione "_s + ultima[ArchivioColonne::Stagione] + u"/2011 - Concorso N. "_s +
+           ultima[ArchivioColonne::Concorso];
+}

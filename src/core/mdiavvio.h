@@ -1,0 +1,14 @@
+#pragma once
+
+class MdiPannello;
+
+// The start-up sequence of the frame, in its order: shared tables, archive, season, team lists,
+// the first screen, the dashboard, messages, the season reminder and the release notes.
+class MdiAvvio {
+public:
+    // False when the start cannot go on (a fault in an unguarded step, shown in a critical box).
+    static bool esegui(MdiPannello &pannello);
+
+    static const char *const AvvisoRisoluzione;
+    static const char *const PromemoriaStagione;
+};

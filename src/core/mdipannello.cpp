@@ -1,0 +1,525 @@
+#include "core/mdipannello.h"
+
+#include "core/colonna.h"
+#include "core/statoprogramma.h"
+#include "piattaforma/dialoghi.h"
+#include "piattaforma/guardia.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDialog>
+#include <QDir>
+#include <QFile>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyle>
+#include <QTimer>
+#include <QToolBar>
+#include <QUrl>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum class Tipo { Sottomenu, Voce, Separatore };
+
+struct VoceMenu {
+    const char *nome;
+    const char *didascalia; // UTF-8
+    const char *genitore;   // "" for the menu bar
+    Tipo tipo;
+    const char *schermo; // the screen the entry opens, or "" when its action is registered
+};
+
+// The whole menu of the frame, in display order.
+constexpr VoceMenu Menu[] = {
+    {"mnuGestione", "Gestione archivi", "", Tipo::Sottomenu, ""},
+    {"mnuArchivio", "Visualizza archivio", "mnuGestione", Tipo::Voce, "frmArchivio"},
+    {"mnuInserisci", "Inserisci colonna", "mnuGestione", Tipo::Voce, "frmInserisci"},
+    {"mnuModifica", "Modifica archivio", "mnuGestione", Tipo::Voce, ""},
+    {"mnuSchedina", "Pronostici && Schedine", "", Tipo::Sottomenu, ""},
+    {"mnuProssimoConcorso", "Schedina infrasettimanale", "mnuSchedina", Tipo::Voce,
+     "frmSchedinaProssimoConcorso"},
+    {"mnuSchedinaSabato", "Schedina del Sabato", "mnuSchedina", Tipo::Voce, "frmSchedinaSabato"},
+    {"mnuSchedinaDomenica", "Schedina della Domenica", "mnuSchedina", Tipo::Voce,
+     "frmSchedinaDomenica"},
+    {"mnuAggManual", "Aggiorna manualmente", "mnuSchedina", Tipo::Voce, "frmAggManual"},
+    {"mnuQuote", "Le Quote", "mnuSchedina", Tipo::Voce, "frmQuote"},
+    {"mnuFunzioni", "Funzioni", "", Tipo::Sottomenu, ""},
+    {"mnuPannelloSegni", "Le Terzine e La cinquina", "mnuFunzioni", Tipo::Voce, "frmPannelloSegni"},
+    {"mnuCinquineMai", "Le Cinquine mai uscite", "mnuFunzioni", Tipo::Voce, "frmCinquineMai"},
+    {"mnuDettagliCV", "Dettagli ultima CV", "mnuFunzioni", Tipo::Voce, "frmDettagliUltimaCV"},
+    {"mnuAnalisi9", "Analisi del \"9\"", "mnuFunzioni", Tipo::Voce, "frmColonne9"},
+    {"mnuStatSegni", "Statistica dei 14 segni", "mnuFunzioni", Tipo::Voce, "frmStatSegni"},
+    {"mnuFormule", "Formule derivate", "mnuFunzioni", Tipo::Voce, "frmFormule"},
+    {"mnuCampionato", "Campionato", "", Tipo::Sottomenu, ""},
+    {"mnuVisCampionato", "Visualizza campionato", "mnuCampionato", Tipo::Voce, "frmCampionato"},
+    {"mnuGestisciSquadre", "Gestisci squadre", "mnuCampionato", Tipo::Voce, "frmGestSquadre"},
+    {"mnuAggiornaCampionato", "Aggiorna campionato 2011-2012", "mnuCampionato", Tipo::Voce, ""},
+    {"mnuAggiornaCampionatiStranieri", "Aggiorna Campionati Stranieri", "mnuCampionato", Tipo::Voce,
+     "frmAggiornaConcorsiStranieri"},
+    {"mnuInternet", "Aggiorna da Internet", "", Tipo::Sottomenu, ""},
+    {"mnuTutto", "Tutto", "mnuInternet", Tipo::Sottomenu, ""},
+    {"mnuCampionatoItaliano", "Campionato italiano", "mnuTutto", Tipo::Voce, "frmInternet"},
+    {"mnuCampionatiStranieri", "Campionati stranieri", "mnuTutto", Tipo::Voce, ""},
+    {"mnuPartiStraniere", "Parti", "mnuInternet", Tipo::Sottomenu, ""},
+    {"mnuSoloArchivi", "Solo Archivi (Aggiorna/Ripara)", "mnuPartiStraniere", Tipo::Voce,
+     "frmAggiornaSoloArchivi"},
+    {"mnuSoloClassifiche", "Solo Classifiche", "mnuPartiStraniere", Tipo::Sottomenu, ""},
+    {"mnuTutte", "Campionato italiano", "mnuSoloClassifiche", Tipo::Voce,
+     "frmAggiornaSoloClassifiche"},
+    {"mnuParti", "Straniere per parti", "mnuSoloClassifiche", Tipo::Sottomenu, ""},
+    {"mnuInghilterra", "Inghilterra", "mnuParti", Tipo::Voce, ""},
+    {"mnuSpagna", "Spagna", "mnuParti", Tipo::Voce, ""},
+    {"mnuGermania", "Germania", "mnuParti", Tipo::Voce, ""},
+    {"mnuFrancia", "Francia", "mnuParti", Tipo::Voce, ""},
+    {"mnuOlanda", "Olanda", "mnuParti", Tipo::Voce, ""},
+    {"mnuScozia", "Scozia", "mnuParti", Tipo::Voce, ""},
+    {"mnuPortogallo", "Portogallo", "mnuParti", Tipo::Voce, ""},
+    {"mnuSvizzera", "Svizzera", "mnuParti", Tipo::Voce, ""},
+    {"mnuAustria", "Austria", "mnuParti", Tipo::Voce, ""},
+    {"mnuGrecia", "Grecia", "mnuParti", Tipo::Voce, ""},
+    {"mnuBelgio", "Belgio", "mnuParti", Tipo::Voce, ""},
+    {"mnuArgentinaAp", "Argentina Ap", "mnuParti", Tipo::Voce, ""},
+    {"mnuSoloSchedinaMontepremi", "Solo Schedine e Picchetti", "mnuPartiStraniere", Tipo::Voce,
+     "frmAggiornaSoloSchedinaMontepremi"},
+    {"mnuAggQuote", "Quote", "mnuPartiStraniere", Tipo::Voce, ""},
+    {"mnuClassifiche", "Classifiche", "", Tipo::Sottomenu, ""},
+    {"mnuSerieA", "Serie A", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuSerieB", "Serie B", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuSerieC1A", "Serie C1A", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuSerieC1B", "Serie C1B", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuSerieC2A", "Serie C2A", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuSerieC2B", "Serie C2B", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuSerieC2C", "Serie C2C", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassInghilterra", "Inghilterra", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassSpagna", "Spagna", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassGermania", "Germania", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassFrancia", "Francia", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassOlanda", "Olanda", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassScozia", "Scozia", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassPortogallo", "Portogallo", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassSvizzera", "Svizzera", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassAustria", "Austria", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassGrecia", "Grecia", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassBelgio", "Belgio", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassArgentinaAp", "Argentina Ap", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuInfo", "Info", "", Tipo::Sottomenu, ""},
+    {"mnuCredits", "Credits", "mnuInfo", Tipo::Voce, ""},
+    {"mnuAggiornamenti", "Verifica Aggiornamenti", "mnuInfo", Tipo::Voce, ""},
+    {"mnuComunicazioni", "Comunicazioni OnLine", "mnuInfo", Tipo::Voce, ""},
+    {"mnuGuida", "Guida in linea", "mnuInfo", Tipo::Voce, ""},
+    {"mnuNovita", "Le Novità di questa Versione", "mnuInfo", Tipo::Voce, "frmRelease"},
+    {"mnuLotto", "Altri Giochi", "mnuInfo", Tipo::Voce, ""},
+    {"mnuEsci", "Esci", "", Tipo::Voce, ""},
+};
+
+struct PulsanteBarra {
+    int indice;
+    const char *testo; // the caption under the picture
+    const char *suggerimento;
+    QStyle::StandardPixmap immagine;
+    const char *schermo;
+};
+
+constexpr PulsanteBarra Barra[] = {
+    {1, "Inserisci", "Inserisci colonna", QStyle::SP_FileIcon, "frmInserisci"},
+    {2, "Schedine", "Le tre schedine", QStyle::SP_FileDialogDetailedView, ""},
+    {3, "Quote", "Le Quote", QStyle::SP_FileDialogInfoView, "frmQuote"},
+    {4, "Analisi 9", "Analisi del \"9\"", QStyle::SP_FileDialogContentsView, "frmColonne9"},
+    {5, "Statistica", "Statistica dei 14 segni", QStyle::SP_FileDialogListView, "frmStatSegni"},
+    {6, "Squadre", "Gestisci squadre", QStyle::SP_DirHomeIcon, "frmGestSquadre"},
+    {7, "Messaggio", "Invia un messaggio", QStyle::SP_MessageBoxQuestion, ""},
+    {8, "Sito", "Il sito di Vespara", QStyle::SP_DriveNetIcon, ""},
+    {9, "Guida", "Guida in linea", QStyle::SP_DialogHelpButton, ""},
+    {10, "Esci", "Esci", QStyle::SP_DialogCloseButton, ""},
+};
+
+QString testo(const char *utf8) {
+    return QString::fromUtf8(utf8);
+}
+
+QString nomePulsante(int indice) {
+    return u"TB(%1)"_s.arg(indice);
+}
+
+// The pictures of the message indicator: an envelope, at rest and in three frames of light.
+QPixmap busta(const QColor &luce) {
+    QPixmap p(32, 32);
+    p.fill(Qt::transparent);
+    QPainter g(&p);
+    g.setRenderHint(QPainter::Antialiasing);
+    if (luce.isValid()) {
+        g.setPen(Qt::NoPen);
+        g.setBrush(luce);
+        g.drawEllipse(QRectF(1, 1, 30, 30));
+    }
+    g.setPen(QPen(QColor(60, 60, 90), 1.5));
+    g.setBrush(QColor(250, 250, 245));
+    const QRectF corpo(5, 9, 22, 15);
+    g.drawRect(corpo);
+    g.drawPolyline(QPolygonF{corpo.topLeft(), QPointF(16, 18), corpo.topRight()});
+    return p;
+}
+
+} // namespace
+
+MdiPannello::MdiPannello(StatoProgramma &stato)
+    : m_stato(stato) {
+    setObjectName(u"mdiPannello"_s);
+    setWindowTitle(u"Vespara!"_s);
+    creaCruscotto();
+    creaMenu();
+    creaBarra();
+    aggiornaAbilitazioni();
+    m_stato.setRegistro(this);
+}
+
+MdiPannello::~MdiPannello() {
+    m_stato.setRegistro(nullptr);
+}
+
+void MdiPannello::creaCruscotto() {
+    auto *centrale = new QWidget(this);
+    auto *colonna = new QVBoxLayout(centrale);
+    colonna->setContentsMargins(0, 0, 0, 0);
+    colonna->setSpacing(0);
+
+    auto *picUltima = new QFrame(centrale);
+    picUltima->setObjectName(u"picUltima"_s);
+    picUltima->setFrameShape(QFrame::StyledPanel);
+    picUltima->setStyleSheet(
+        u"#picUltima { background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #1d3f72, "
+        "stop:1 #12294d); border: none; border-bottom: 2px solid #e0a526; }"
+        "#picUltima QLabel { color: white; background: transparent; }"
+        "#lblTitoloUltima { color: #f2c75c; }"
+        "#imgComm { border: none; background: transparent; }"_s);
+
+    auto *titolo = new QLabel(u"Ultima colonna vincente"_s, picUltima);
+    titolo->setObjectName(u"lblTitoloUltima"_s);
+    QFont fTitolo = titolo->font();
+    fTitolo.setBold(true);
+    titolo->setFont(fTitolo);
+
+    m_lblColonna = new QLabel(picUltima);
+    m_lblColonna->setObjectName(u"lblColonna"_s);
+    QFont fColonna(u"Liberation Mono"_s);
+    fColonna.setStyleHint(QFont::Monospace);
+    fColonna.setPointSize(17);
+    fColonna.setBold(true);
+    m_lblColonna->setFont(fColonna);
+    m_lblColonna->setTextInteractionFlags(Qt::TextSelectableByMouse);
+
+    m_lblData = new QLabel(picUltima);
+    m_lblData->setObjectName(u"lblData"_s);
+    QFont fData = m_lblData->font();
+    fData.setPointSizeF(fData.pointSizeF() * 1.15);
+    fData.setBold(true);
+    m_lblData->setFont(fData);
+
+    m_lblDati9 = new QLabel(picUltima);
+    m_lblDati9->setObjectName(u"lblDati9"_s);
+    m_lblDati = new QLabel(picUltima);
+    m_lblDati->setObjectName(u"lblDati"_s);
+    for (QLabel *l : {m_lblDati9, m_lblDati}) {
+        QFont f = l->font();
+        f.setPointSizeF(f.pointSizeF() * 1.1);
+        l->setFont(f);
+    }
+
+    const std::array<QColor, 4> luci{QColor(), QColor(255, 230, 120), QColor(255, 170, 60),
+                                     QColor(235, 90, 60)};
+    for (int i = 0; i < 4; ++i) {
+        m_pic[i] = new QLabel(picUltima);
+        m_pic[i]->setObjectName(u"pic%1"_s.arg(i));
+        m_pic[i]->setPixmap(busta(luci[i]));
+        m_pic[i]->hide();
+    }
+    m_imgComm = new QPushButton(picUltima);
+    m_imgComm->setObjectName(u"imgComm"_s);
+    m_imgComm->setIcon(m_pic[0]->pixmap());
+    m_imgComm->setIconSize(QSize(32, 32));
+    m_imgComm->setFlat(true);
+    m_imgComm->setCursor(Qt::PointingHandCursor);
+    m_imgComm->setToolTip(u"Non ci sono nuovi messaggi."_s);
+    m_timer1 = new QTimer(this);
+    m_timer1->setObjectName(u"Timer1"_s);
+    m_timer1->setInterval(300);
+    connect(m_timer1, &QTimer::timeout, this, &MdiPannello::passoIndicatore);
+
+    auto *sinistra = new QVBoxLayout;
+    sinistra->setSpacing(2);
+    sinistra->addWidget(titolo);
+    sinistra->addWidget(m_lblColonna);
+    sinistra->addWidget(m_lblData);
+    auto *destra = new QVBoxLayout;
+    destra->setSpacing(4);
+    destra->addStretch();
+    destra->addWidget(m_lblDati9);
+    destra->addWidget(m_lblDati);
+    destra->addStretch();
+    auto *riga = new QHBoxLayout(picUltima);
+    riga->setContentsMargins(16, 8, 16, 8);
+    riga->setSpacing(40);
+    riga->addLayout(sinistra);
+    riga->addLayout(destra);
+    riga->addStretch();
+    riga->addWidget(m_imgComm, 0, Qt::AlignVCenter);
+
+    m_area = new QMdiArea(centrale);
+    m_area->setObjectName(u"areaSchermi"_s);
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setBackground(QColor(96, 108, 128));
+
+    colonna->addWidget(picUltima);
+    colonna->addWidget(m_area, 1);
+    setCentralWidget(centrale);
+}
+
+void MdiPannello::creaMenu() {
+    QHash<QString, QMenu *> sottomenu;
+    for (const VoceMenu &v : Menu) {
+        const QString nome = testo(v.nome);
+        const QString genitore = testo(v.genitore);
+        QMenu *contenitore = genitore.isEmpty() ? nullptr : sottomenu.value(genitore);
+        if (v.tipo == Tipo::Sottomenu) {
+            QMenu *m = contenitore ? contenitore->addMenu(testo(v.didascalia))
+                                   : menuBar()->addMenu(testo(v.didascalia));
+            m->setObjectName(nome);
+            m->menuAction()->setObjectName(nome);
+            sottomenu.insert(nome, m);
+            continue;
+        }
+        if (v.tipo == Tipo::Separatore) {
+            if (contenitore)
+                contenitore->addSeparator();
+            continue;
+        }
+        auto *a = new QAction(testo(v.didascalia), this);
+        a->setObjectName(nome);
+        if (contenitore)
+            contenitore->addAction(a);
+        else
+            menuBar()->addAction(a);
+        m_voci.insert(nome, a);
+        if (*v.schermo)
+            m_schermoDiVoce.insert(nome, testo(v.schermo));
+        connect(a, &QAction::triggered, this, [this, nome] { eseguiAzione(nome); });
+    }
+
+    registraAzione(u"mnuEsci"_s, [this] { close(); });
+    registraAzione(u"mnuGuida"_s, [this] { apriGuida(); });
+    registraAzione(u"mnuCredits"_s, [this] {
+        m_stato.dialoghi().informazione(
+            u"Credits"_s, u"Vespara! ® Versione %1 - Tutti i diritti riservati."_s.arg(
+                              QCoreApplication::applicationVersion()));
+    });
+}
+
+void MdiPannello::creaBarra() {
+    auto *tb = addToolBar(u"TB"_s);
+    tb->setObjectName(u"TB"_s);
+    tb->setMovable(false);
+    tb->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    tb->setIconSize(QSize(28, 28));
+    tb->setCursor(Qt::PointingHandCursor);
+    for (const PulsanteBarra &p : Barra) {
+        const QString nome = nomePulsante(p.indice);
+        auto *a = tb->addAction(style()->standardIcon(p.immagine), testo(p.testo));
+        a->setObjectName(nome);
+        a->setToolTip(testo(p.suggerimento));
+        m_voci.insert(nome, a);
+        if (*p.schermo)
+            m_schermoDiVoce.insert(nome, testo(p.schermo));
+        connect(a, &QAction::triggered, this, [this, nome] { eseguiAzione(nome); });
+        if (p.indice == 9 || p.indice == 10)
+            tb->addSeparator();
+    }
+    registraAzione(nomePulsante(9), [this] { apriGuida(); });
+    registraAzione(nomePulsante(10), [this] { close(); });
+}
+
+void MdiPannello::registraSchermo(const QString &nome, Fabbrica fabbrica) {
+    m_fabbriche.insert(nome, std::move(fabbrica));
+    aggiornaAbilitazioni();
+}
+
+void MdiPannello::registraAzione(const QString &nome, std::function<void()> azione) {
+    m_azioni.insert(nome, std::move(azione));
+    aggiornaAbilitazioni();
+}
+
+QAction *MdiPannello::azione(const QString &nome) const {
+    return m_voci.value(nome);
+}
+
+void MdiPannello::aggiornaAbilitazioni() {
+    for (auto it = m_voci.cbegin(); it != m_voci.cend(); ++it) {
+        const QString schermo = m_schermoDiVoce.value(it.key());
+        it.value()->setEnabled(m_azioni.contains(it.key()) ||
+                               (!schermo.isEmpty() && m_fabbriche.contains(schermo)));
+    }
+}
+
+void MdiPannello::eseguiAzione(const QString &nome) {
+    eseguiProtetto(m_stato.dialoghi(), [&] {
+        if (const auto azione = m_azioni.value(nome))
+            azione();
+        else if (const QString schermo = m_schermoDiVoce.value(nome); !schermo.isEmpty())
+            mostraSchermo(schermo);
+    });
+}
+
+QMdiSubWindow *MdiPannello::sottofinestra(const QString &nome) const {
+    const QList<QMdiSubWindow *> finestre = m_area->subWindowList(QMdiArea::CreationOrder);
+    for (QMdiSubWindow *s : finestre)
+        if (s->widget() && s->widget()->objectName() == nome)
+            return s;
+    return nullptr;
+}
+
+QWidget *MdiPannello::trovaSchermo(const QString &nome) const {
+    if (QMdiSubWindow *s = sottofinestra(nome))
+        return s->widget();
+    // Dialog screens stand outside the area, as the frame's children.
+    for (QDialog *d : findChildren<QDialog *>(nome, Qt::FindDirectChildrenOnly))
+        if (d->isVisible())
+            return d;
+    return nullptr;
+}
+
+QWidget *MdiPannello::apriSchermo(const QString &nome) {
+    if (QWidget *esistente = trovaSchermo(nome)) {
+        if (QMdiSubWindow *s = sottofinestra(nome)) {
+            s->show();
+            m_area->setActiveSubWindow(s);
+        } else {
+            esistente->raise();
+            esistente->activateWindow();
+        }
+        return esistente;
+    }
+    const Fabbrica fabbrica = m_fabbriche.value(nome);
+    if (!fabbrica)
+        return nullptr;
+    QWidget *schermo = fabbrica(m_stato, *this);
+    if (!schermo)
+        return nullptr;
+    schermo->setObjectName(nome);
+    if (auto *dialogo = qobject_cast<QDialog *>(schermo)) {
+        dialogo->setParent(this, dialogo->windowFlags() | Qt::Dialog);
+        dialogo->setAttribute(Qt::WA_DeleteOnClose);
+        dialogo->show();
+        return dialogo;
+    }
+    schermo->setAttribute(Qt::WA_DeleteOnClose);
+    QMdiSubWindow *s = m_area->addSubWindow(schermo, schermo->windowFlags() & ~Qt::Window);
+    s->setAttribute(Qt::WA_DeleteOnClose);
+    s->setWindowIcon(windowIcon());
+    s->adjustSize();
+    s->show();
+    m_area->setActiveSubWindow(s);
+    return schermo;
+}
+
+void MdiPannello::mostraSchermo(const QString &nome) {
+    apriSchermo(nome);
+}
+
+QList<QWidget *> MdiPannello::schermiAperti() const {
+    QList<QWidget *> schermi;
+    const QList<QMdiSubWindow *> finestre = m_area->subWindowList(QMdiArea::CreationOrder);
+    for (QMdiSubWindow *s : finestre)
+        if (s->widget())
+            schermi.append(s->widget());
+    for (QDialog *d : findChildren<QDialog *>(Qt::FindDirectChildrenOnly))
+        if (d->isVisible() && d->testAttribute(Qt::WA_DeleteOnClose))
+            schermi.append(d);
+    return schermi;
+}
+
+void MdiPannello::chiudiSchermi() {
+    // From the last opened to the first. A closed screen leaves the registry at once, although
+    // Qt deletes it later: the caller may be one of these screens, still inside its own event.
+    QList<QMdiSubWindow *> finestre = m_area->subWindowList(QMdiArea::CreationOrder);
+    std::reverse(finestre.begin(), finestre.end());
+    for (QMdiSubWindow *s : finestre) {
+        s->close();
+        if (s->parent())
+            m_area->removeSubWindow(s);
+        s->hide();
+        s->deleteLater();
+    }
+    const QList<QDialog *> dialoghi = findChildren<QDialog *>(Qt::FindDirectChildrenOnly);
+    for (QDialog *d : dialoghi)
+        if (d->isVisible() && d->testAttribute(Qt::WA_DeleteOnClose)) {
+            d->close();
+            d->setObjectName(QString());
+        }
+}
+
+void MdiPannello::aggiornaCruscotto() {
+    const RigaArchivio &r = m_stato.ColonneArchivio.riga(m_stato.NumeroColonne() - 1);
+    const QStringList campi(r.begin(), r.end());
+    m_lblColonna->setText(Colonna::lineaColonna(r[ArchivioColonne::ColonnaCampo]));
+    m_lblData->setText(
+        Colonna::lineaConcorso(r[ArchivioColonne::Stagione], r[ArchivioColonne::Concorso]));
+    m_lblDati9->setText(Colonna::lineaNove(r[ArchivioColonne::ColonnaCampo]));
+    m_lblDati->setText(Colonna::lineaQuattordici(campi));
+}
+
+void MdiPannello::avviaIndicatore() {
+    m_fotogramma = 0;
+    m_timer1->start();
+}
+
+void MdiPannello::fermaIndicatore() {
+    m_timer1->stop();
+    m_imgComm->setIcon(m_pic[0]->pixmap());
+}
+
+void MdiPannello::passoIndicatore() {
+    m_imgComm->setIcon(m_pic[1 + m_fotogramma]->pixmap());
+    m_fotogramma = (m_fotogramma + 1) % 3;
+}
+
+void MdiPannello::centraSchermo(QWidget *schermo) const {
+    QWidget *finestra = schermo;
+    if (auto *s = qobject_cast<QMdiSubWindow *>(schermo->parentWidget()))
+        finestra = s;
+    const QSize area = finestra->parentWidget() ? finestra->parentWidget()->size() : size();
+    finestra->move(std::max(0, (area.width() - finestra->width()) / 2),
+                   std::max(0, (area.height() - finestra->height()) / 2));
+}
+
+void MdiPannello::apriGuida() {
+    const QString nome = u"Vespara.html"_s;
+    QString percorso = m_stato.percorsoFile(nome);
+    if (!QFile::exists(percorso))
+        QFile::copy(u":/dati/"_s + nome, percorso);
+    if (!QFile::exists(percorso) ||
+        !m_stato.dialoghi().apriConDesktop(QUrl::fromLocalFile(percorso)))
+        m_stato.dialoghi().avviso(
+            Dialoghi::titoloApplicazione(),
+            u"Impossibile aprire la guida in linea %1."_s.arg(QDir::toNativeSeparators(percorso)));
+}
+
+void MdiPannello::changeEvent(QEvent *e) {
+    QMainWindow::changeEvent(e);
+    if (e->type() == QEvent::ActivationChange && isActiveWindow())
+        emit attivata();
+}
+
+void MdiPannello::closeEvent(QCloseEvent *e) {
+    // Every writer persists as it works: closing the frame ends the program at once.
+    e->accept();
+    QCoreApplication::quit();
+}

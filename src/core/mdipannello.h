@@ -1,0 +1,93 @@
+#pragma once
+
+#include "core/registroschermi.h"
+
+#include <QHash>
+#include <QMainWindow>
+#include <QPixmap>
+
+#include <array>
+
+#include <functional>
+
+class QAction;
+class QLabel;
+class QMdiArea;
+class QMdiSubWindow;
+class QPushButton;
+class QTimer;
+class StatoProgramma;
+
+// The frame of the program: menu, toolbar, the dashboard of the last winning column and the area
+// of the screens, of which it is the registry.
+class MdiPannello : public QMainWindow, public RegistroSchermi {
+    Q_OBJECT
+public:
+    // Creates a screen; the frame shows it in its area (a QDialog is shown as it is).
+    using Fabbrica = std::function<QWidget *(StatoProgramma &, MdiPannello &)>;
+
+    explicit MdiPannello(StatoProgramma &stato);
+    ~MdiPannello() override;
+
+    StatoProgramma &stato() const { return m_stato; }
+    QMdiArea *area() const { return m_area; }
+
+    // The registry of screens.
+    void registraSchermo(const QString &nome, Fabbrica fabbrica);
+    bool schermoRegistrato(const QString &nome) const { return m_fabbriche.contains(nome); }
+    QWidget *trovaSchermo(const QString &nome) const;
+    QWidget *apriSchermo(const QString &nome);
+    void mostraSchermo(const QString &nome) override;
+    void chiudiSchermi() override;
+    QList<QWidget *> schermiAperti() const;
+
+    // A menu entry or toolbar button (by its name: "mnuEsci", "TB(10)") gets its action; entries
+    // without one stay disabled.
+    void registraAzione(const QString &nome, std::function<void()> azione);
+    QAction *azione(const QString &nome) const;
+
+    // AggStatusBar: the four dashboard labels from the last archive row.
+    void aggiornaCruscotto() override;
+
+    // The message indicator: the animation of new messages, and the rest picture.
+    void avviaIndicatore();
+    void fermaIndicatore();
+
+    // Places a screen in the middle of the frame's area.
+    void centraSchermo(QWidget *schermo) const;
+
+    // Opens the guide with the desktop's program.
+    void apriGuida();
+
+signals:
+    // The frame became the active window, also back from another application.
+    void attivata();
+
+protected:
+    void changeEvent(QEvent *e) override;
+    void closeEvent(QCloseEvent *e) override;
+
+private:
+    void creaCruscotto();
+    void creaMenu();
+    void creaBarra();
+    void eseguiAzione(const QString &nome);
+    void aggiornaAbilitazioni();
+    void passoIndicatore();
+    QMdiSubWindow *sottofinestra(const QString &nome) const;
+
+    StatoProgramma &m_stato;
+    QMdiArea *m_area = nullptr;
+    QLabel *m_lblColonna = nullptr;
+    QLabel *m_lblData = nullptr;
+    QLabel *m_lblDati9 = nullptr;
+    QLabel *m_lblDati = nullptr;
+    QPushButton *m_imgComm = nullptr;
+    QTimer *m_timer1 = nullptr;
+    std::array<QLabel *, 4> m_pic{};
+    int m_fotogramma = 0;
+    QHash<QString, Fabbrica> m_fabbriche;
+    QHash<QString, std::function<void()>> m_azioni;
+    QHash<QString, QAction *> m_voci;
+    QHash<QString, QString> m_schermoDiVoce;
+};

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+// What the screens ask of the frame that owns them: the registry of open screens.
+class RegistroSchermi {
+public:
+    virtual ~RegistroSchermi() = default;
+    // Closes every open screen but the frame, from the last opened to the first.
+    virtual void chiudiSchermi() = 0;
+    // Shows the screen of that name, creating it if it isn't there.
+    virtual void mostraSchermo(const QString &nome) = 0;
+    // Refreshes the dashboard from the last archive row (AggStatusBar).
+    virtual void aggiornaCruscotto() = 0;
+};
+
+// After a writer changed the archive: no screen may keep figures of the old one, so all are
+// closed and the signs panel opens again; the dashboard follows unless the writer says not.
+inline void riapriDopoModificaArchivio(RegistroSchermi &registro, bool aggiornaCruscotto) {
+    registro.chiudiSchermi();
+    registro.mostraSchermo(QStringLiteral("frmPannelloSegni"));
+    if (aggiornaCruscotto)
+        registro.aggiornaCruscotto();
+}

@@ -1,0 +1,27 @@
+#include "core/statoprogramma.h"
+
+#include "piattaforma/erroreesecuzione.h"
+#include "piattaforma/filedati.h"
+#include "piattaforma/tabellaarchivio.h"
+
+StatoProgramma::StatoProgramma(Dialoghi &dialoghi, Impostazioni &impostazioni, Schermo &schermo)
+    : m_dialoghi(dialoghi)
+    , m_impostazioni(impostazioni)
+    , m_schermo(schermo) {}
+
+StatoProgramma::~StatoProgramma() = default;
+
+TabellaArchivio &StatoProgramma::tabellaArchivio() const {
+    if (!m_tabella)
+        throw ErroreEsecuzione(QStringLiteral("L'archivio database non è aperto."));
+    return *m_tabella;
+}
+
+void StatoProgramma::apriTabellaArchivio() {
+    m_tabella = std::make_unique<TabellaArchivio>(
+        percorsoFile(QString::fromLatin1(TabellaArchivio::NomeFile)));
+}
+
+QString StatoProgramma::percorsoFile(const QString &nome) const {
+    return FileDati::percorso(PercorsoDati, nome);
+}

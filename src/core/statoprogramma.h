@@ -1,0 +1,75 @@
+#pragma once
+
+#include "core/archiviocolonne.h"
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+#include <array>
+#include <memory>
+
+class Dialoghi;
+class Impostazioni;
+class Schermo;
+class TabellaArchivio;
+class RegistroSchermi;
+
+// The program-wide tables and values, under their own names, and the platform services. One
+// object, owned by the frame and handed to every screen: there is no other global state.
+class StatoProgramma {
+public:
+    // The contests that the coppie of the signs panel look at.
+    static constexpr int ValoreBaseColonne9 = 205;
+    static constexpr int NumeroFlagAggiornamento = 18;
+
+    StatoProgramma(Dialoghi &dialoghi, Impostazioni &impostazioni, Schermo &schermo);
+    ~StatoProgramma();
+
+    Dialoghi &dialoghi() const { return m_dialoghi; }
+    Impostazioni &impostazioni() const { return m_impostazioni; }
+    Schermo &schermo() const { return m_schermo; }
+
+    // The archive table; opened at start-up.
+    TabellaArchivio &tabellaArchivio() const;
+    void apriTabellaArchivio();
+    bool tabellaAperta() const { return bool(m_tabella); }
+
+    // The registry of open screens (the frame).
+    RegistroSchermi *registro() const { return m_registro; }
+    void setRegistro(RegistroSchermi *registro) { m_registro = registro; }
+
+    // PercorsoDati and the path of a file in it, looked up without regard to case.
+    QString PercorsoDati;
+    QString percorsoFile(const QString &nome) const;
+
+    // ColonneArchivio and NumeroColonne.
+    ArchivioColonne ColonneArchivio;
+    int NumeroColonne() const { return ColonneArchivio.numero(); }
+
+    QStringList Segni;
+    QStringList GiorniSettimana;
+    QStringList Formule;
+    int BaseColonne9 = 0;
+    bool RicalcolaColonne9 = true;
+    // The season text of anno.txt.
+    QString Stagione;
+    // Team lists by league code (LegaClassifica).
+    QHash<QString, QStringList> Squadre;
+    // Freshness flags of the league tables, set by the updates.
+    std::array<bool, NumeroFlagAggiornamento> ClassificheAggiornate{};
+    // Shared selection of the coupon and league grids, "0" when nothing is chosen.
+    QString SquadraCasa = QStringLiteral("0");
+    QString SquadraOspite = QStringLiteral("0");
+    QString LegaClassifica;
+    // Placement offsets of the league tables and slip printing screens, in twips.
+    int ScostamentoOrizzontale = 0;
+    int ScostamentoVerticale = 0;
+
+private:
+    Dialoghi &m_dialoghi;
+    Impostazioni &m_impostazioni;
+    Schermo &m_schermo;
+    std::unique_ptr<TabellaArchivio> m_tabella;
+    RegistroSchermi *m_registro = nullptr;
+};

@@ -1,0 +1,5 @@
+#include "piattaforma/dialoghi.h"
+
+QString Dialoghi::titoloApplicazione() {
+    return QStringLiteral("Vespara");
+}

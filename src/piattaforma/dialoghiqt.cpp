@@ -1,0 +1,41 @@
+#include "piattaforma/dialoghiqt.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+QWidget *DialoghiQt::genitore() const {
+    if (QWidget *attiva = QApplication::activeWindow())
+        return attiva;
+    return m_genitore;
+}
+
+void DialoghiQt::informazione(const QString &titolo, const QString &testo) {
+    QMessageBox::information(genitore(), titolo, testo);
+}
+
+void DialoghiQt::avviso(const QString &titolo, const QString &testo) {
+    QMessageBox::warning(genitore(), titolo, testo);
+}
+
+void DialoghiQt::critico(const QString &titolo, const QString &testo) {
+    QMessageBox::critical(genitore(), titolo, testo);
+}
+
+bool DialoghiQt::domanda(const QString &titolo, const QString &testo) {
+    QMessageBox box(QMessageBox::Question, titolo, testo, QMessageBox::Yes | QMessageBox::No,
+                    genitore());
+    box.button(QMessageBox::Yes)->setText(QStringLiteral("Sì"));
+    box.button(QMessageBox::No)->setText(QStringLiteral("No"));
+    return box.exec() == QMessageBox::Yes;
+}
+
+QString DialoghiQt::salvaFile(const QString &titolo, const QString &filtro) {
+    return QFileDialog::getSaveFileName(genitore(), titolo, QString(), filtro);
+}
+
+bool DialoghiQt::apriConDesktop(const QUrl &indirizzo) {
+    return QDesktopServices::openUrl(indirizzo);
+}

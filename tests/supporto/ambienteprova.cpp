@@ -1,0 +1,97 @@
+#include "supporto/ambienteprova.h"
+
+#include "core/colonna.h"
+#include "core/mdipannello.h"
+#include "piattaforma/filedati.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTest>
+#include <QWidget>
+
+using namespace Qt::StringLiterals;
+
+AmbienteProva::AmbienteProva(QSize dimensioni) {
+    schermo.imposta(dimensioni);
+    const QDir origine(datiConsegnati());
+    const QStringList nomi = origine.entryList(QDir::Files);
+    for (const QString &nome : nomi)
+        QFile::copy(origine.filePath(nome), m_dir.filePath(nome));
+    m_impostazioni = std::make_unique<Impostazioni>(m_dir.filePath(u"impostazioni.ini"_s));
+}
+
+AmbienteProva::~AmbienteProva() {
+    m_programma.reset();
+}
+
+QString AmbienteProva::file(const QString &nome) const {
+    return FileDati::percorso(m_dir.path(), nome);
+}
+
+void AmbienteProva::scrivi(const QString &nome, const QStringList &righe) const {
+    FileDati::scriviRighe(file(nome), righe);
+}
+
+void AmbienteProva::rimuovi(const QString &nome) const {
+    QFile::remove(file(nome));
+}
+
+bool AmbienteProva::avvia() {
+    m_programma = std::make_unique<MdiProgramma>(m_dir.path(), dialoghi, *m_impostazioni, schermo);
+    m_programma->pannello().resize(1280, 800);
+    const bool riuscito = m_programma->avvia();
+    if (riuscito) {
+        m_programma->pannello().show();
+        if (!QTest::qWaitForWindowExposed(&m_programma->pannello()))
+            return false;
+    }
+    return riuscito;
+}
+
+MdiPannello &AmbienteProva::pannello() const {
+    return m_programma->pannello();
+}
+
+StatoProgramma &AmbienteProva::stato() const {
+    return m_programma->stato();
+}
+
+QString AmbienteProva::datiConsegnati() {
+    return QString::fromUtf8(VESPARA_DATI_CONSEGNATI);
+}
+
+QString AmbienteProva::datiProva() {
+    return QString::fromUtf8(VESPARA_DATI_PROVA);
+}
+
+void AmbienteProva::fotografa(QWidget *w, const QString &nome) {
+    const QString cartella = qEnvironmentVariable("VESPARA_FOTO");
+    if (cartella.isEmpty() || !w)
+        return;
+    QDir().mkpath(cartella);
+    w->grab().save(QDir(cartella).filePath(nome + u".png"_s));
+}
+
+QStringList archivioSintetico(int n, quint32 seme) {
+    QRandomGenerator caso(seme);
+    QStringList righe;
+    const QStringList segni = Colonna::segni();
+    int anno = 2000;
+    int concorso = 0;
+    for (int i = 0; i < n; ++i) {
+        if (++concorso > 38) {
+            concorso = 1;
+            ++anno;
+        }
+        QString colonna;
+        for (int p = 0; p < Colonna::Lunghezza; ++p) {
+            // Not uniform, as real columns aren't: "1" comes out most often.
+            const quint32 v = caso.bounded(100u);
+            colonna += segni.at(v < 46 ? 0 : v < 74 ? 1 : 2);
+        }
+        righe.append(
+            Colonna::rigaArchivio(QString::number(anno), QString::number(concorso), colonna));
+    }
+    return righe;
+}

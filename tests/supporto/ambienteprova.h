@@ -1,0 +1,52 @@
+#pragma once
+
+#include "core/mdiprogramma.h"
+#include "piattaforma/dialoghiprova.h"
+#include "piattaforma/impostazioni.h"
+#include "piattaforma/schermo.h"
+
+#include <QSize>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <memory>
+
+class MdiPannello;
+class StatoProgramma;
+
+// A whole program on a temporary data folder, with recording dialogs and a screen of a chosen
+// size: what the screen tests start from.
+class AmbienteProva {
+public:
+    // The data folder starts as a copy of the delivered data folder.
+    explicit AmbienteProva(QSize schermo = QSize(1280, 800));
+    ~AmbienteProva();
+
+    QString cartella() const { return m_dir.path(); }
+    QString file(const QString &nome) const;
+    // Replaces a data file (Latin-1, CR LF).
+    void scrivi(const QString &nome, const QStringList &righe) const;
+    void rimuovi(const QString &nome) const;
+
+    // Builds the program and runs the start-up sequence.
+    bool avvia();
+    MdiPannello &pannello() const;
+    StatoProgramma &stato() const;
+
+    DialoghiProva dialoghi;
+    Schermo schermo;
+
+    // The delivered data folder of the sources, and the fixtures of the tests.
+    static QString datiConsegnati();
+    static QString datiProva();
+    // Saves a picture of a widget when VESPARA_FOTO names a folder (to look at the screens).
+    static void fotografa(QWidget *w, const QString &nome);
+
+private:
+    QTemporaryDir m_dir;
+    std::unique_ptr<Impostazioni> m_impostazioni;
+    std::unique_ptr<MdiProgramma> m_programma;
+};
+
+// A column archive of n made-up contests (deterministic), as the lines of Archivio.txt.
+QStringList archivioSintetico(int n, quint32 seme = 1);

@@ -1,0 +1,320 @@
+// The frame as a user meets it: start-up on a data folder, the dashboard, the warnings of a small
+// screen, the season reminder, the menu and the registry of screens.
+#include "supporto/ambienteprova.h"
+
+#include "core/colonna.h"
+#include "core/mdiavvio.h"
+#include "core/mdipannello.h"
+#include "core/statoprogramma.h"
+#include "piattaforma/filedati.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString testoEtichetta(MdiPannello &p, const QString &nome) {
+    auto *l = p.findChild<QLabel *>(nome);
+    return l ? l->text() : u"<assente: %1>"_s.arg(nome);
+}
+
+// Answers frmAvviso as a user would, when it comes up; counts how often it did.
+struct RispostaAvviso {
+    int volte = 0;
+    QString risoluzione;
+    QString messaggio;
+    QTimer timer;
+    RispostaAvviso() {
+        timer.setInterval(20);
+        QObject::connect(&timer, &QTimer::timeout, [this] {
+            for (QWidget *w : QApplication::topLevelWidgets()) {
+                if (w->objectName() != u"frmAvviso"_s || !w->isVisible())
+                    continue;
+                ++volte;
+                risoluzione = w->findChild<QLabel *>(u"lblRis"_s)->text();
+                messaggio = w->findChild<QLabel *>(u"lblMsg"_s)->text();
+                QTest::mouseClick(w->findChild<QPushButton *>(u"cmdProcedi"_s), Qt::LeftButton);
+            }
+        });
+        timer.start();
+    }
+};
+
+} // namespace
+
+class TstCornice : public QObject {
+    Q_OBJECT
+
+private slots:
+    void cruscottoDellUltimaColonna();
+    void avvisiDelloSchermo_data();
+    void avvisiDelloSchermo();
+    void promemoriaStagioneUnaVolta();
+    void fileDelleNoteDiRilascio();
+    void primoAvvioRiempieLaCartella();
+    void squadreStraniereFinoAlPrimoErrore();
+    void archivioOltreLaCapacita();
+    void didascalieDelMenu_data();
+    void didascalieDelMenu();
+    void vociAbilitate_data();
+    void vociAbilitate();
+    void guidaECredits();
+    void registroDegliSchermi();
+};
+
+void TstCornice::cruscottoDellUltimaColonna() {
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    // The last line of the delivered archive, read here on its own.
+    const QStringList righe = FileDati::leggiRighe(a.file(u"Archivio.txt"_s));
+    const QStringList campi = righe.last().split(u' ');
+    QCOMPARE(a.stato().NumeroColonne(), righe.size());
+    const QString colonna = campi.at(2);
+    QString attesa;
+    for (const QChar c : colonna)
+        attesa += QString(c) + u"   "_s;
+    attesa.chop(3);
+    QCOMPARE(testoEtichetta(a.pannello(), u"lblColonna"_s), attesa);
+    QCOMPARE(testoEtichetta(a.pannello(), u"lblData"_s),
+             u"Anno %1  n.%2"_s.arg(campi.at(0), campi.at(1)));
+    QCOMPARE(testoEtichetta(a.pannello(), u"lblDati9"_s),
+             u"Formula del 9: "_s + Colonna::formulaNove(colonna));
+    QCOMPARE(testoEtichetta(a.pannello(), u"lblDati"_s),
+             u"Formula del 14: %1-%2-%3     Int.%4  Simm.%5  Paral.%6"_s.arg(
+                 campi.at(3), campi.at(4), campi.at(5), campi.at(6), campi.at(7), campi.at(8)));
+    QCOMPARE(a.pannello().windowTitle(), u"Vespara! ® | Versione 5.0.0 | Stagione 2025-2026"_s);
+    QCOMPARE(a.pannello().findChild<QPushButton *>(u"imgComm"_s)->toolTip(),
+             u"Non ci sono nuovi messaggi."_s);
+    QVERIFY(a.dialoghi.boxes.isEmpty());
+    // The panel of the signs is the first child screen.
+    const auto finestre = a.pannello().area()->subWindowList();
+    QCOMPARE(finestre.size(), 1);
+    QCOMPARE(finestre.first()->widget()->objectName(), u"frmPannelloSegni"_s);
+    QCOMPARE(a.stato().BaseColonne9, 205);
+    QVERIFY(a.stato().RicalcolaColonne9);
+    QCOMPARE(a.stato().Formule.size(), 47);
+    QCOMPARE(a.stato().Squadre.value(u"A"_s).size(), 20);
+    AmbienteProva::fotografa(&a.pannello(), u"cornice"_s);
+}
+
+void TstCornice::avvisiDelloSchermo_data() {
+    QTest::addColumn<int>("larghezza");
+    QTest::addColumn<int>("altezza");
+    QTest::addColumn<bool>("primoAvviso");
+    QTest::addColumn<bool>("frmAvviso");
+    QTest::newRow("1024: nessun avviso") << 1024 << 768 << false << false;
+    QTest::newRow("1023: solo il primo") << 1023 << 768 << true << false;
+    QTest::newRow("1000: solo il primo") << 1000 << 700 << true << false;
+    QTest::newRow("800: entrambi") << 800 << 600 << true << true;
+    QTest::newRow("640: entrambi") << 640 << 480 << true << true;
+    QTest::newRow("1920: nessun avviso") << 1920 << 1080 << false << false;
+}
+
+void TstCornice::avvisiDelloSchermo() {
+    QFETCH(int, larghezza);
+    QFETCH(int, altezza);
+    QFETCH(bool, primoAvviso);
+    QFETCH(bool, frmAvviso);
+    AmbienteProva a(QSize(larghezza, altezza));
+    RispostaAvviso risposta;
+    QVERIFY(a.avvia());
+    const QStringList attesi =
+        primoAvviso ? QStringList{QString::fromUtf8(MdiAvvio::AvvisoRisoluzione)} : QStringList{};
+    QCOMPARE(a.dialoghi.testi(), attesi);
+    if (primoAvviso)
+        QVERIFY(a.dialoghi.testi().first().contains(u"delprogramma"_s));
+    QCOMPARE(risposta.volte, frmAvviso ? 1 : 0);
+    if (frmAvviso) {
+        QCOMPARE(risposta.risoluzione, u"La tua Risoluzione è %1x%2"_s.arg(larghezza).arg(altezza));
+        QVERIFY(risposta.messaggio.startsWith(u"La risoluzione del tuo schermo è insufficiente"_s));
+    }
+    // The start goes on in every case.
+    QCOMPARE(a.pannello().area()->subWindowList().size(), 1);
+}
+
+void TstCornice::promemoriaStagioneUnaVolta() {
+    AmbienteProva a;
+    a.rimuovi(u"year.txt"_s);
+    QVERIFY(a.avvia());
+    QCOMPARE(a.dialoghi.testi(), QStringList{QString::fromUtf8(MdiAvvio::PromemoriaStagione)});
+    QCOMPARE(a.dialoghi.boxes.first().tipo, Dialoghi::Tipo::Informazione);
+    QCOMPARE(FileDati::leggiRighe(a.file(u"anno.txt"_s)), QStringList{u"2011-2012"_s});
+    QVERIFY(QFile::exists(a.file(u"year.txt"_s)));
+    // The caption was set before the reminder rewrote the season.
+    QVERIFY(a.pannello().windowTitle().endsWith(u"Stagione 2025-2026"_s));
+
+    a.dialoghi.svuota();
+    QVERIFY(a.avvia());
+    QVERIFY(a.dialoghi.boxes.isEmpty());
+    QVERIFY(a.pannello().windowTitle().endsWith(u"Stagione 2011-2012"_s));
+}
+
+void TstCornice::fileDelleNoteDiRilascio() {
+    AmbienteProva a;
+    a.scrivi(u"420.txt"_s, {u"x"_s});
+    a.scrivi(u"421.TXT"_s, {u"x"_s});
+    a.rimuovi(u"450.txt"_s);
+    QVERIFY(a.avvia());
+    QVERIFY(!QFile::exists(a.file(u"420.txt"_s)));
+    QVERIFY(!QFile::exists(a.file(u"421.txt"_s)));
+    QVERIFY(QFile::exists(a.file(u"450.txt"_s)));
+}
+
+void TstCornice::primoAvvioRiempieLaCartella() {
+    AmbienteProva a;
+    const QStringList consegnati = QDir(AmbienteProva::datiConsegnati()).entryList(QDir::Files);
+    for (const QString &nome : consegnati)
+        a.rimuovi(nome);
+    // A file the user already had stays as it is.
+    a.scrivi(u"serieinghilterra.txt"_s, {u"ARSENAL"_s});
+    QVERIFY(a.avvia());
+    for (const QString &nome : consegnati) {
+        QFile copia(a.file(nome));
+        QFile originale(QDir(AmbienteProva::datiConsegnati()).filePath(nome));
+        QVERIFY2(copia.open(QIODevice::ReadOnly) && originale.open(QIODevice::ReadOnly),
+                 qPrintable(nome));
+        QCOMPARE(copia.readAll(), originale.readAll());
+    }
+    QVERIFY(QFile::exists(a.file(u"archivio.db"_s)));
+    QCOMPARE(a.stato().Squadre.value(u"Inghilterra"_s), QStringList{u"ARSENAL"_s});
+    // The new table was filled from the archive file.
+    QCOMPARE(a.stato().NumeroColonne(), FileDati::leggiRighe(a.file(u"Archivio.txt"_s)).size());
+}
+
+void TstCornice::squadreStraniereFinoAlPrimoErrore() {
+    AmbienteProva a;
+    a.scrivi(u"serieInghilterra.txt"_s, {u"ARSENAL"_s, u"CHELSEA"_s});
+    a.scrivi(u"serieSpagna.txt"_s, {u"BARCELONA"_s});
+    // serieGermania.txt is missing: the lists after it stay empty, though Francia is there.
+    a.scrivi(u"serieFrancia.txt"_s, {u"LILLE"_s});
+    QVERIFY(a.avvia());
+    QCOMPARE(a.stato().Squadre.value(u"Inghilterra"_s).size(), 2);
+    QCOMPARE(a.stato().Squadre.value(u"Spagna"_s), QStringList{u"BARCELONA"_s});
+    QVERIFY(a.stato().Squadre.value(u"Germania"_s).isEmpty());
+    QVERIFY(a.stato().Squadre.value(u"Francia"_s).isEmpty());
+    QVERIFY(a.dialoghi.boxes.isEmpty());
+}
+
+void TstCornice::archivioOltreLaCapacita() {
+    AmbienteProva a;
+    a.scrivi(u"Archivio.txt"_s, archivioSintetico(7001));
+    QVERIFY(!a.avvia());
+    QCOMPARE(a.dialoghi.boxes.size(), 1);
+    QCOMPARE(a.dialoghi.boxes.first().tipo, Dialoghi::Tipo::Critico);
+    QVERIFY(a.dialoghi.boxes.first().testo.contains(u"7000"_s));
+}
+
+void TstCornice::didascalieDelMenu_data() {
+    QTest::addColumn<QString>("nome");
+    QTest::addColumn<QString>("didascalia");
+    QTest::addColumn<QString>("menu");
+    const auto riga = [](const char *nome, const char *didascalia, const char *menu) {
+        QTest::newRow(nome) << QString::fromUtf8(nome) << QString::fromUtf8(didascalia)
+                            << QString::fromUtf8(menu);
+    };
+    riga("mnuGestione", "Gestione archivi", "");
+    riga("mnuArchivio", "Visualizza archivio", "mnuGestione");
+    riga("mnuModifica", "Modifica archivio", "mnuGestione");
+    riga("mnuSchedina", "Pronostici && Schedine", "");
+    riga("mnuProssimoConcorso", "Schedina infrasettimanale", "mnuSchedina");
+    riga("mnuPannelloSegni", "Le Terzine e La cinquina", "mnuFunzioni");
+    riga("mnuAnalisi9", "Analisi del \"9\"", "mnuFunzioni");
+    riga("mnuAggiornaCampionato", "Aggiorna campionato 2011-2012", "mnuCampionato");
+    riga("mnuCampionatoItaliano", "Campionato italiano", "mnuTutto");
+    riga("mnuSoloArchivi", "Solo Archivi (Aggiorna/Ripara)", "mnuPartiStraniere");
+    riga("mnuTutte", "Campionato italiano", "mnuSoloClassifiche");
+    riga("mnuArgentinaAp", "Argentina Ap", "mnuParti");
+    riga("mnuAggQuote", "Quote", "mnuPartiStraniere");
+    riga("mnuSerieC2C", "Serie C2C", "mnuClassifiche");
+    riga("mnuClassArgentinaAp", "Argentina Ap", "mnuClassifiche");
+    riga("mnuComunicazioni", "Comunicazioni OnLine", "mnuInfo");
+    riga("mnuNovita", "Le Novità di questa Versione", "mnuInfo");
+    riga("mnuLotto", "Altri Giochi", "mnuInfo");
+    riga("mnuEsci", "Esci", "");
+}
+
+void TstCornice::didascalieDelMenu() {
+    QFETCH(QString, nome);
+    QFETCH(QString, didascalia);
+    QFETCH(QString, menu);
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    QAction *azione = a.pannello().findChild<QAction *>(nome);
+    QVERIFY2(azione, qPrintable(nome));
+    QCOMPARE(azione->text(), didascalia);
+    // Where the entry stands: under its submenu, or on the menu bar itself.
+    QWidget *contenitore = menu.isEmpty() ? static_cast<QWidget *>(a.pannello().menuBar())
+                                          : a.pannello().findChild<QMenu *>(menu);
+    QVERIFY2(contenitore, qPrintable(menu));
+    QVERIFY(contenitore->actions().contains(azione));
+}
+
+void TstCornice::vociAbilitate_data() {
+    QTest::addColumn<QString>("nome");
+    QTest::addColumn<bool>("abilitata");
+    for (const char *nome :
+         {"mnuPannelloSegni", "mnuCredits", "mnuGuida", "mnuEsci", "TB(9)", "TB(10)"})
+        QTest::newRow(nome) << QString::fromUtf8(nome) << true;
+    // Screens still to be built: present and disabled.
+    for (const char *nome : {"mnuAnalisi9", "mnuInserisci", "mnuModifica", "mnuArchivio",
+                             "mnuComunicazioni", "mnuSerieA", "TB(1)", "TB(4)", "TB(7)", "TB(8)"})
+        QTest::newRow(nome) << QString::fromUtf8(nome) << false;
+}
+
+void TstCornice::vociAbilitate() {
+    QFETCH(QString, nome);
+    QFETCH(bool, abilitata);
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    QAction *azione = a.pannello().findChild<QAction *>(nome);
+    QVERIFY2(azione, qPrintable(nome));
+    QCOMPARE(azione->isEnabled(), abilitata);
+}
+
+void TstCornice::guidaECredits() {
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    a.pannello().findChild<QAction *>(u"mnuGuida"_s)->trigger();
+    QCOMPARE(a.dialoghi.aperti.size(), 1);
+    QCOMPARE(a.dialoghi.aperti.first().toLocalFile(), a.file(u"Vespara.html"_s));
+    a.pannello().findChild<QAction *>(u"TB(9)"_s)->trigger();
+    QCOMPARE(a.dialoghi.aperti.size(), 2);
+
+    a.pannello().findChild<QAction *>(u"mnuCredits"_s)->trigger();
+    QCOMPARE(a.dialoghi.boxes.size(), 1);
+    QVERIFY(a.dialoghi.boxes.first().testo.contains(u"diritti"_s));
+}
+
+void TstCornice::registroDegliSchermi() {
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    MdiPannello &p = a.pannello();
+    QWidget *primo = p.trovaSchermo(u"frmPannelloSegni"_s);
+    QVERIFY(primo);
+    // Opening it again shows the same screen.
+    p.findChild<QAction *>(u"mnuPannelloSegni"_s)->trigger();
+    QCOMPARE(p.trovaSchermo(u"frmPannelloSegni"_s), primo);
+    QCOMPARE(p.area()->subWindowList().size(), 1);
+
+    // After a change of the archive: every screen closed, the panel opened anew, at once.
+    QPointer<QWidget> vecchio(primo);
+    riapriDopoModificaArchivio(p, true);
+    QWidget *nuovo = p.trovaSchermo(u"frmPannelloSegni"_s);
+    QVERIFY(nuovo);
+    QVERIFY(nuovo != primo);
+    QCOMPARE(p.area()->subWindowList().size(), 1);
+    QTRY_VERIFY(vecchio.isNull());
+}
+
+QTEST_MAIN(TstCornice)
+#include "tst_cornice.moc"

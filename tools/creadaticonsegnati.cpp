@@ -1,0 +1,331 @@
+// Builds the delivered data folder (dati/) from real results of the Italian leagues: the archive
+// of winning columns, the team lists and the marker files. Run by hand; its output is committed.
+//
+//   creadaticonsegnati <partite-italia.csv> <cartella di uscita>
+
+#include "core/colonna.h"
+#include "piattaforma/erroreesecuzione.h"
+#include "piattaforma/filedati.h"
+
+#include <QCoreApplication>
+#include <QDate>
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QSet>
+#include <QStringDecoder>
+#include <QTextStream>
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The seasons that make the archive, by their first year, and the seasons of the team lists.
+constexpr int PrimaStagioneArchivio = 2013;
+constexpr int UltimaStagioneArchivio = 2025;
+const auto StagioneCorrente = u"2025-26"_s;
+const auto StagioneSerieC = u"2024-25"_s;
+
+// A column is the 10 matches of a Serie A round, then the first 4 of the Serie B round.
+constexpr int PartiteSerieA = 10;
+constexpr int PartiteSerieB = 4;
+
+const auto Intestazione = u"stagione;lega;giornata;data;casa;ospite;gol_casa;gol_ospite"_s;
+constexpr int NumeroCampi = 8;
+
+struct Partita {
+    QString stagione;
+    QString lega;
+    int giornata = 0;
+    QDate data;
+    QString casa;
+    QString ospite;
+    int golCasa = 0;
+    int golOspite = 0;
+    int riga = 0; // line in the file, for messages
+};
+
+QTextStream &uscita() {
+    static QTextStream flusso(stdout);
+    return flusso;
+}
+
+int primoAnno(const QString &stagione) {
+    return stagione.left(4).toInt();
+}
+
+int leggiGol(const QString &testo, int riga) {
+    static const QRegularExpression cifre(u"^[0-9]{1,2}$"_s);
+    if (!cifre.match(testo).hasMatch())
+        throw ErroreEsecuzione(u"Riga %1: punteggio non valido \"%2\"."_s.arg(riga).arg(testo));
+    return testo.toInt();
+}
+
+Partita leggiPartita(const QString &linea, int riga) {
+    const QStringList campi = linea.split(u';');
+    if (campi.size() != NumeroCampi)
+        throw ErroreEsecuzione(
+            u"Riga %1: %2 campi invece di %3."_s.arg(riga).arg(campi.size()).arg(NumeroCampi));
+    Partita p;
+    p.riga = riga;
+    p.stagione = campi.at(0).trimmed();
+    static const QRegularExpression formaStagione(u"^([0-9]{4})-([0-9]{2})$"_s);
+    const auto stagione = formaStagione.match(p.stagione);
+    if (!stagione.hasMatch() ||
+        (stagione.captured(1).toInt() + 1) % 100 != stagione.captured(2).toInt())
+        throw ErroreEsecuzione(u"Riga %1: stagione non valida \"%2\"."_s.arg(riga).arg(p.stagione));
+
+    p.lega = campi.at(1).trimmed();
+    static const QStringList leghe{u"A"_s, u"B"_s, u"CA"_s, u"CB"_s, u"CC"_s};
+    if (!leghe.contains(p.lega))
+        throw ErroreEsecuzione(u"Riga %1: lega sconosciuta \"%2\"."_s.arg(riga).arg(p.lega));
+
+    bool ok = false;
+    p.giornata = campi.at(2).trimmed().toInt(&ok);
+    if (!ok || p.giornata < 1)
+        throw ErroreEsecuzione(
+            u"Riga %1: giornata non valida \"%2\"."_s.arg(riga).arg(campi.at(2)));
+
+    p.data = QDate::fromString(campi.at(3).trimmed(), Qt::ISODate);
+    if (!p.data.isValid())
+        throw ErroreEsecuzione(u"Riga %1: data non valida \"%2\"."_s.arg(riga).arg(campi.at(3)));
+
+    p.casa = campi.at(4).trimmed();
+    p.ospite = campi.at(5).trimmed();
+    if (p.casa.isEmpty() || p.ospite.isEmpty())
+        throw ErroreEsecuzione(u"Riga %1: manca il nome di una squadra."_s.arg(riga));
+
+    p.golCasa = leggiGol(campi.at(6).trimmed(), riga);
+    p.golOspite = leggiGol(campi.at(7).trimmed(), riga);
+    return p;
+}
+
+QList<Partita> leggiPartite(const QString &percorso) {
+    QFile file(percorso);
+    if (!file.open(QIODevice::ReadOnly))
+        throw ErroreEsecuzione(u"Impossibile leggere il file %1: %2"_s.arg(
+            QDir::toNativeSeparators(percorso), file.errorString()));
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    const QString testo = utf8(file.readAll());
+    if (utf8.hasError())
+        throw ErroreEsecuzione(
+            u"Il file %1 non è testo UTF-8."_s.arg(QDir::toNativeSeparators(percorso)));
+
+    QStringList linee = testo.split(u'\n');
+    for (QString &linea : linee)
+        if (linea.endsWith(u'\r'))
+            linea.chop(1);
+    if (linee.isEmpty() || linee.first().trimmed() != Intestazione)
+        throw ErroreEsecuzione(u"Il file %1 non comincia con l'intestazione \"%2\"."_s.arg(
+            QDir::toNativeSeparators(percorso), Intestazione));
+
+    QList<Partita> partite;
+    for (int i = 1; i < linee.size(); ++i)
+        if (!linee.at(i).trimmed().isEmpty())
+            partite.append(leggiPartita(linee.at(i), i + 1));
+    if (partite.isEmpty())
+        throw ErroreEsecuzione(
+            u"Il file %1 non contiene partite."_s.arg(QDir::toNativeSeparators(percorso)));
+    return partite;
+}
+
+// The source writes some dates of a season with the year before its true one (the summer 2020
+// matches of 2019-20 carry 2019). No match of a league can precede the opening of its first
+// round, so such a date is moved on one year; every correction is printed.
+void correggiDate(QList<Partita> &partite) {
+    std::map<std::pair<QString, QString>, QDate> apertura;
+    for (const Partita &p : std::as_const(partite)) {
+        if (p.giornata != 1)
+            continue;
+        QDate &d = apertura[{p.stagione, p.lega}];
+        if (!d.isValid() || p.data < d)
+            d = p.data;
+    }
+    std::map<std::pair<QString, QString>, int> corrette;
+    for (Partita &p : partite) {
+        const auto trovata = apertura.find({p.stagione, p.lega});
+        if (trovata == apertura.end() || p.data >= trovata->second)
+            continue;
+        const QDate nuova = p.data.addYears(1);
+        if (nuova < trovata->second)
+            throw ErroreEsecuzione(
+                u"Riga %1: la data %2 è fuori dalla stagione %3."_s.arg(p.riga).arg(
+                    p.data.toString(Qt::ISODate), p.stagione));
+        p.data = nuova;
+        ++corrette[{p.stagione, p.lega}];
+    }
+    for (const auto &[chiave, numero] : corrette)
+        uscita() << u"Corrette %1 date di %2 lega %3: precedevano l'inizio della stagione, "
+                    u"anno spostato di uno.\n"_s.arg(numero)
+                        .arg(chiave.first, chiave.second);
+}
+
+using Giornate = std::map<std::pair<QString, int>, QList<Partita>>;
+
+// The matches of a league by season and round, each round in date order (ties keep file order).
+Giornate giornate(const QList<Partita> &partite, const QString &lega) {
+    Giornate g;
+    for (const Partita &p : partite)
+        if (p.lega == lega)
+            g[{p.stagione, p.giornata}].append(p);
+    for (auto &[chiave, lista] : g)
+        std::stable_sort(lista.begin(), lista.end(),
+                         [](const Partita &a, const Partita &b) { return a.data < b.data; });
+    return g;
+}
+
+QChar segno(const Partita &p) {
+    return p.golCasa > p.golOspite ? u'1' : p.golCasa == p.golOspite ? u'X' : u'2';
+}
+
+QStringList righeArchivio(const QList<Partita> &partite, int &escluse) {
+    const Giornate serieA = giornate(partite, u"A"_s);
+    const Giornate serieB = giornate(partite, u"B"_s);
+    QStringList righe;
+    int ultimoAnno = 0;
+    int concorso = 0;
+    escluse = 0;
+    for (const auto &[chiave, partiteA] : serieA) {
+        const auto &[stagione, giornata] = chiave;
+        if (primoAnno(stagione) < PrimaStagioneArchivio ||
+            primoAnno(stagione) > UltimaStagioneArchivio)
+            continue;
+        const QString nome = u"Serie A %1 giornata %2"_s.arg(stagione).arg(giornata);
+        if (partiteA.size() != PartiteSerieA) {
+            uscita() << u"Esclusa %1: %2 partite invece di %3.\n"_s.arg(nome)
+                            .arg(partiteA.size())
+                            .arg(PartiteSerieA);
+            ++escluse;
+            continue;
+        }
+        const auto trovataB = serieB.find(chiave);
+        const qsizetype quanteB = trovataB == serieB.end() ? 0 : trovataB->second.size();
+        if (quanteB < PartiteSerieB) {
+            uscita() << u"Esclusa %1: la giornata %2 di Serie B ha %3 partite (ne servono %4).\n"_s
+                            .arg(nome)
+                            .arg(giornata)
+                            .arg(quanteB)
+                            .arg(PartiteSerieB);
+            ++escluse;
+            continue;
+        }
+
+        QString colonna;
+        for (const Partita &p : partiteA)
+            colonna += segno(p);
+        for (int i = 0; i < PartiteSerieB; ++i)
+            colonna += segno(trovataB->second.at(i));
+
+        const int anno = partiteA.first().data.year();
+        if (anno < ultimoAnno)
+            throw ErroreEsecuzione(
+                u"%1 comincia nel %2, prima del concorso precedente (%3)."_s.arg(nome)
+                    .arg(anno)
+                    .arg(ultimoAnno));
+        concorso = anno == ultimoAnno ? concorso + 1 : 1;
+        ultimoAnno = anno;
+        righe.append(
+            Colonna::rigaArchivio(QString::number(anno), QString::number(concorso), colonna));
+    }
+    return righe;
+}
+
+// The teams of one league and season, upper case, in plain character order, without repeats.
+QStringList squadre(const QList<Partita> &partite, const QString &stagione, const QString &lega) {
+    QSet<QString> insieme;
+    for (const Partita &p : partite)
+        if (p.stagione == stagione && p.lega == lega) {
+            insieme.insert(p.casa.toUpper());
+            insieme.insert(p.ospite.toUpper());
+        }
+    if (insieme.isEmpty())
+        throw ErroreEsecuzione(
+            u"Nessuna partita della lega %1 nella stagione %2."_s.arg(lega, stagione));
+    QStringList lista(insieme.begin(), insieme.end());
+    std::sort(lista.begin(), lista.end());
+    // The data files are Latin-1: a name the writer could not hold would come out garbled.
+    for (const QString &nome : std::as_const(lista))
+        for (const QChar c : nome)
+            if (c.unicode() > 0xFF)
+                throw ErroreEsecuzione(
+                    u"La squadra \"%1\" ha un carattere che Latin-1 non rappresenta."_s.arg(nome));
+    return lista;
+}
+
+void scrivi(const QDir &cartella, const QString &nome, const QStringList &righe,
+            const QString &descrizione) {
+    FileDati::scriviRighe(cartella.filePath(nome), righe);
+    uscita() << u"Scritto %1: %2 righe (%3).\n"_s.arg(nome).arg(righe.size()).arg(descrizione);
+}
+
+void creaDati(const QString &percorsoPartite, const QString &percorsoUscita) {
+    QList<Partita> partite = leggiPartite(percorsoPartite);
+    uscita() << u"Lette %1 partite da %2.\n"_s.arg(partite.size())
+                    .arg(QDir::toNativeSeparators(percorsoPartite));
+    correggiDate(partite);
+
+    if (!QDir().mkpath(percorsoUscita))
+        throw ErroreEsecuzione(
+            u"Impossibile creare la cartella %1."_s.arg(QDir::toNativeSeparators(percorsoUscita)));
+    const QDir cartella(percorsoUscita);
+
+    int escluse = 0;
+    const QStringList archivio = righeArchivio(partite, escluse);
+    if (archivio.isEmpty())
+        throw ErroreEsecuzione(u"Nessun concorso da scrivere."_s);
+    scrivi(cartella, u"Archivio.txt"_s, archivio,
+           u"concorsi dal %1 al %2, %3 giornate escluse"_s
+               .arg(archivio.first().left(4), archivio.last().left(4))
+               .arg(escluse));
+
+    const QString anno =
+        StagioneCorrente.left(4) + u"-"_s + QString::number(primoAnno(StagioneCorrente) + 1);
+    scrivi(cartella, u"anno.txt"_s, {anno}, u"stagione corrente"_s);
+    scrivi(cartella, u"year.txt"_s, {anno}, u"segnaposto"_s);
+    scrivi(cartella, u"450.txt"_s,
+           {u"%1.%2.%3"_s.arg(VESPARA_VERSIONE_MAGGIORE)
+                .arg(VESPARA_VERSIONE_MINORE)
+                .arg(VESPARA_REVISIONE)},
+           u"segnaposto"_s);
+
+    const struct {
+        const char16_t *file;
+        const QString &stagione;
+        const char16_t *lega;
+    } liste[] = {
+        {u"SerieA.txt", StagioneCorrente, u"A"},  {u"SerieB.txt", StagioneCorrente, u"B"},
+        {u"SerieC1A.txt", StagioneSerieC, u"CA"}, {u"SerieC1B.txt", StagioneSerieC, u"CB"},
+        {u"SerieC2A.txt", StagioneSerieC, u"CC"},
+    };
+    for (const auto &l : liste) {
+        const QString lega = QString::fromUtf16(l.lega);
+        scrivi(cartella, QString::fromUtf16(l.file), squadre(partite, l.stagione, lega),
+               u"squadre della lega %1 %2"_s.arg(lega, l.stagione));
+    }
+    scrivi(cartella, u"SerieC2B.txt"_s, {}, u"vuoto"_s);
+    scrivi(cartella, u"SerieC2C.txt"_s, {}, u"vuoto"_s);
+}
+
+} // namespace
+
+int main(int argc, char *argv[]) {
+    QCoreApplication app(argc, argv);
+    const QStringList argomenti = QCoreApplication::arguments();
+    QTextStream errori(stderr);
+    if (argomenti.size() != 3) {
+        errori << u"Uso: creadaticonsegnati <partite-italia.csv> <cartella di uscita>\n"_s;
+        return 2;
+    }
+    try {
+        creaDati(argomenti.at(1), argomenti.at(2));
+    } catch (const ErroreEsecuzione &e) {
+        uscita().flush();
+        errori << u"Errore: "_s << e.testo() << u"\n"_s;
+        return 1;
+    }
+    return 0;
+}
