@@ -18,7 +18,6 @@
 #include <QMenuBar>
 #include <QPainter>
 #include <QPushButton>
-#include <QStyle>
 #include <QTimer>
 #include <QToolBar>
 #include <QUrl>
@@ -121,26 +120,50 @@ constexpr VoceMenu Menu[] = {
     {"mnuEsci", "Esci", "", Tipo::Voce, ""},
 };
 
-struct PulsanteBarra {
+struct PulsanteBarra
+{
     int indice;
     const char *testo; // the caption under the picture
     const char *suggerimento;
-    QStyle::StandardPixmap immagine;
+    const char *simbolo; // drawn on the button's tile
+    QRgb colore;
     const char *schermo;
 };
 
 constexpr PulsanteBarra Barra[] = {
-    {1, "Inserisci", "Inserisci colonna", QStyle::SP_FileIcon, "frmInserisci"},
-    {2, "Schedine", "Le tre schedine", QStyle::SP_FileDialogDetailedView, ""},
-    {3, "Quote", "Le Quote", QStyle::SP_FileDialogInfoView, "frmQuote"},
-    {4, "Analisi 9", "Analisi del \"9\"", QStyle::SP_FileDialogContentsView, "frmColonne9"},
-    {5, "Statistica", "Statistica dei 14 segni", QStyle::SP_FileDialogListView, "frmStatSegni"},
-    {6, "Squadre", "Gestisci squadre", QStyle::SP_DirHomeIcon, "frmGestSquadre"},
-    {7, "Messaggio", "Invia un messaggio", QStyle::SP_MessageBoxQuestion, ""},
-    {8, "Sito", "Il sito di Vespara", QStyle::SP_DriveNetIcon, ""},
-    {9, "Guida", "Guida in linea", QStyle::SP_DialogHelpButton, ""},
-    {10, "Esci", "Esci", QStyle::SP_DialogCloseButton, ""},
+    {1, "Inserisci", "Inserisci colonna", "+", 0x2e7d32, "frmInserisci"},
+    {2, "Schedine", "Le tre schedine", "1X2", 0x1565c0, ""},
+    {3, "Quote", "Le Quote", "€", 0xef6c00, "frmQuote"},
+    {4, "Analisi 9", "Analisi del \"9\"", "9", 0x6a1b9a, "frmColonne9"},
+    {5, "Statistica", "Statistica dei 14 segni", "14", 0x00838f, "frmStatSegni"},
+    {6, "Squadre", "Gestisci squadre", "Sq", 0x558b2f, "frmGestSquadre"},
+    {7, "Messaggio", "Invia un messaggio", "@", 0x5d4037, ""},
+    {8, "Sito", "Il sito di Vespara", "www", 0x283593, ""},
+    {9, "Guida", "Guida in linea", "?", 0x0277bd, ""},
+    {10, "Esci", "Esci", "×", 0xc62828, ""},
 };
+
+// A toolbar picture: a coloured tile with a short symbol; Qt greys it when the button is off.
+QIcon tessera(const QString &simbolo, QColor colore)
+{
+    QPixmap p(56, 56);
+    p.fill(Qt::transparent);
+    QPainter g(&p);
+    g.setRenderHint(QPainter::Antialiasing);
+    QLinearGradient sfumatura(0, 0, 0, 56);
+    sfumatura.setColorAt(0, colore.lighter(125));
+    sfumatura.setColorAt(1, colore.darker(115));
+    g.setPen(QPen(colore.darker(150), 2));
+    g.setBrush(sfumatura);
+    g.drawRoundedRect(QRectF(3, 3, 50, 50), 10, 10);
+    QFont f(u"Liberation Sans"_s);
+    f.setBold(true);
+    f.setPixelSize(simbolo.size() >= 3 ? 17 : simbolo.size() == 2 ? 24 : 32);
+    g.setFont(f);
+    g.setPen(Qt::white);
+    g.drawText(QRectF(3, 3, 50, 50), Qt::AlignCenter, simbolo);
+    return QIcon(p);
+}
 
 QString testo(const char *utf8) {
     return QString::fromUtf8(utf8);
@@ -333,7 +356,8 @@ void MdiPannello::creaBarra() {
     tb->setCursor(Qt::PointingHandCursor);
     for (const PulsanteBarra &p : Barra) {
         const QString nome = nomePulsante(p.indice);
-        auto *a = tb->addAction(style()->standardIcon(p.immagine), testo(p.testo));
+        auto *a = tb->addAction(tessera(testo(p.simbolo), QColor::fromRgb(p.colore)),
+                                testo(p.testo));
         a->setObjectName(nome);
         a->setToolTip(testo(p.suggerimento));
         m_voci.insert(nome, a);

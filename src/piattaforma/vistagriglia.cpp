@@ -1,0 +1,305 @@
+#include "piattaforma/vistagriglia.h"
+
+#include "piattaforma/erroreesecuzione.h"
+#include "piattaforma/griglia.h"
+
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Draws the current cell as a frame over its own colours, never as a filled highlight: the
+// colours of a cell are often what the screen is showing.
+class DelegatoCella : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override {
+        QStyleOptionViewItem opzione(option);
+        opzione.state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
+        QStyledItemDelegate::paint(painter, opzione, index);
+
+        const auto *vista = qobject_cast<const QAbstractItemView *>(option.widget);
+        if (!vista || vista->currentIndex() != index)
+            return;
+        painter->save();
+        const QColor colore =
+            option.palette.color(vista->hasFocus() ? QPalette::Highlight : QPalette::Dark);
+        QPen penna(colore, 2);
+        penna.setJoinStyle(Qt::MiterJoin);
+        painter->setPen(penna);
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRect(QRectF(option.rect).adjusted(1, 1, -1, -1));
+        painter->restore();
+    }
+};
+
+} // namespace
+
+VistaGriglia::VistaGriglia(QWidget *parent)
+    : QTableView(parent) {
+    setItemDelegate(new DelegatoCella(this));
+    // One current cell and no selection: the frame is the only mark of where the user is.
+    setSelectionMode(NoSelection);
+    setSelectionBehavior(SelectItems);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    setWordWrap(false);
+    setTextElideMode(Qt::ElideNone);
+    setShowGrid(true);
+    setCornerButtonEnabled(false);
+    setStyleSheet(u"QTableView { gridline-color: rgb(192, 192, 192); }"_s);
+
+    verticalHeader()->hide();
+    verticalHeader()->setMinimumSectionSize(0);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+
+    QHeaderView *intestazione = horizontalHeader();
+    intestazione->hide();
+    intestazione->setMinimumSectionSize(0);
+    intestazione->setSectionResizeMode(QHeaderView::Fixed);
+    intestazione->setStretchLastSection(false);
+    intestazione->setSectionsClickable(false);
+    intestazione->setHighlightSections(false);
+    intestazione->viewport()->installEventFilter(this);
+}
+
+VistaGriglia::~VistaGriglia() = default;
+
+void VistaGriglia::setGriglia(Griglia *griglia) {
+    for (const QMetaObject::Connection &connessione : std::as_const(m_connessioni))
+        disconnect(connessione);
+    m_connessioni.clear();
+    m_premuto = QPersistentModelIndex();
+
+    QItemSelectionModel *vecchia = selectionModel();
+    m_griglia = griglia;
+    setModel(griglia);
+    if (vecchia != selectionModel())
+        delete vecchia;
+    if (!griglia)
+        return;
+
+    // Removing the current row leaves no current index in a view without selection: the cell
+    // number is kept and put back where the new shape allows, as on the old grids.
+    const auto salva = [this] { salvaCella(); };
+    const auto ripristinaDopoRighe = [this](const QModelIndex &, int primo) {
+        if (primo == 0)
+            aggiornaIntestazione(); // the frozen row may be another one now
+        ripristinaCella();
+    };
+    const auto ripristinaDopoColonne = [this] {
+        aggiornaLarghezze();
+        ripristinaCella();
+    };
+    m_connessioni = {
+        connect(griglia, &Griglia::dimensioniCambiate, this,
+                [this] {
+                    aggiornaDimensioni();
+                    ripristinaCella();
+                }),
+        connect(griglia, &Griglia::modelAboutToBeReset, this, salva),
+        connect(griglia, &Griglia::modelReset, this, &VistaGriglia::dopoIlReset),
+        connect(griglia, &Griglia::rowsAboutToBeRemoved, this, salva),
+        connect(griglia, &Griglia::rowsRemoved, this, ripristinaDopoRighe),
+        connect(griglia, &Griglia::rowsInserted, this, ripristinaDopoRighe),
+        connect(griglia, &Griglia::columnsAboutToBeRemoved, this, salva),
+        connect(griglia, &Griglia::columnsRemoved, this, ripristinaDopoColonne),
+        connect(griglia, &Griglia::columnsInserted, this, ripristinaDopoColonne),
+    };
+    m_rigaSalvata = m_colonnaSalvata = -1;
+    dopoIlReset();
+}
+
+Griglia *VistaGriglia::griglia() const {
+    return m_griglia;
+}
+
+// --- sizes
+
+void VistaGriglia::aggiornaDimensioni() {
+    aggiornaIntestazione();
+    aggiornaLarghezze();
+    aggiornaAltezze();
+}
+
+void VistaGriglia::aggiornaIntestazione() {
+    if (!m_griglia)
+        return;
+    const bool congelata = m_griglia->righeFisse() == 1 && m_griglia->righe() > 0;
+    if (m_griglia->righe() > 0)
+        setRowHidden(0, congelata);
+    if (congelata)
+        horizontalHeader()->setFixedHeight(Griglia::twipsInPixel(m_griglia->altezzaRiga(0)));
+    horizontalHeader()->setVisible(congelata);
+}
+
+void VistaGriglia::aggiornaLarghezze() {
+    if (!m_griglia)
+        return;
+    for (int c = 0; c < m_griglia->colonne(); ++c)
+        setColumnWidth(c, Griglia::twipsInPixel(m_griglia->larghezzaColonna(c)));
+}
+
+void VistaGriglia::aggiornaAltezze() {
+    if (!m_griglia)
+        return;
+    // The default size sets every row at once; only rows of their own height are touched, so
+    // 19684 rows cost one pass over the grid's numbers and no pass over the view.
+    const int predefinita = m_griglia->altezzaRighe();
+    verticalHeader()->setDefaultSectionSize(Griglia::twipsInPixel(predefinita));
+    for (int r = 0; r < m_griglia->righe(); ++r) {
+        const int altezza = m_griglia->altezzaRiga(r);
+        if (altezza != predefinita)
+            setRowHeight(r, Griglia::twipsInPixel(altezza));
+    }
+}
+
+// --- current cell
+
+int VistaGriglia::rigaCorrente() const {
+    const QModelIndex indice = currentIndex();
+    return indice.isValid() ? indice.row() : -1;
+}
+
+int VistaGriglia::colonnaCorrente() const {
+    const QModelIndex indice = currentIndex();
+    return indice.isValid() ? indice.column() : -1;
+}
+
+void VistaGriglia::setCellaCorrente(int r, int c) {
+    if (!m_griglia || r < 0 || r >= m_griglia->righe() || c < 0 || c >= m_griglia->colonne())
+        throw ErroreEsecuzione(u"Indice di riga o di colonna non valido nella griglia."_s);
+    selectionModel()->setCurrentIndex(m_griglia->index(r, c), QItemSelectionModel::NoUpdate);
+}
+
+void VistaGriglia::salvaCella() {
+    m_rigaSalvata = rigaCorrente();
+    m_colonnaSalvata = colonnaCorrente();
+    m_premuto = QPersistentModelIndex();
+}
+
+void VistaGriglia::dopoIlReset() {
+    // A filter rewrites the grid in a block: the current cell stays where it was.
+    aggiornaDimensioni();
+    ripristinaCella();
+}
+
+void VistaGriglia::ripristinaCella() {
+    if (!m_griglia)
+        return;
+    const QModelIndex corrente = currentIndex();
+    int r = corrente.isValid() ? corrente.row() : m_rigaSalvata;
+    int c = corrente.isValid() ? corrente.column() : m_colonnaSalvata;
+    m_rigaSalvata = m_colonnaSalvata = -1;
+    if (cellaDelCorpo(corrente))
+        return;
+    // Like the old grids: the cell number stays as far as the shape allows, and the first body
+    // cell is current as soon as there is one.
+    const Griglia &g = *m_griglia;
+    if (r < 0 || c < 0) {
+        r = g.righeFisse();
+        c = g.colonneFisse();
+    }
+    r = std::max(std::min(r, g.righe() - 1), g.righeFisse());
+    c = std::max(std::min(c, g.colonne() - 1), g.colonneFisse());
+    if (r < g.righe() && c < g.colonne())
+        selectionModel()->setCurrentIndex(g.index(r, c), QItemSelectionModel::NoUpdate);
+    else if (corrente.isValid())
+        selectionModel()->clearCurrentIndex();
+}
+
+bool VistaGriglia::cellaDelCorpo(const QModelIndex &indice) const {
+    return m_griglia && indice.isValid() && !m_griglia->eFissa(indice.row(), indice.column());
+}
+
+QModelIndex VistaGriglia::moveCursor(CursorAction azione, Qt::KeyboardModifiers modificatori) {
+    // Keys move within the body only, as they did on the old grids.
+    const QModelIndex indice = QTableView::moveCursor(azione, modificatori);
+    if (!m_griglia || !indice.isValid())
+        return indice;
+    const int r = std::max(indice.row(), m_griglia->righeFisse());
+    const int c = std::max(indice.column(), m_griglia->colonneFisse());
+    if (r >= m_griglia->righe() || c >= m_griglia->colonne())
+        return currentIndex();
+    return m_griglia->index(r, c);
+}
+
+// --- mouse
+
+void VistaGriglia::mousePressEvent(QMouseEvent *event) {
+    m_premuto = QPersistentModelIndex();
+    if (event->button() == Qt::LeftButton) {
+        const QModelIndex indice = indexAt(event->position().toPoint());
+        if (!cellaDelCorpo(indice)) {
+            event->accept(); // fixed cells never become current
+            return;
+        }
+        QTableView::mousePressEvent(event);
+        m_premuto = indice;
+        return;
+    }
+    if (event->button() == Qt::RightButton) {
+        // The right button leaves the current cell alone; the screens act on its release.
+        event->accept();
+        return;
+    }
+    QTableView::mousePressEvent(event);
+}
+
+void VistaGriglia::mouseReleaseEvent(QMouseEvent *event) {
+    const QModelIndex indice = indexAt(event->position().toPoint());
+    if (event->button() == Qt::RightButton) {
+        event->accept();
+        emit tastoDestro(indice.isValid() ? indice.row() : -1,
+                         indice.isValid() ? indice.column() : -1);
+        return;
+    }
+    QTableView::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton) {
+        const QPersistentModelIndex premuto = std::exchange(m_premuto, QPersistentModelIndex());
+        if (premuto.isValid() && premuto == indice)
+            emit clic(indice.row(), indice.column());
+    }
+}
+
+void VistaGriglia::mouseDoubleClickEvent(QMouseEvent *event) {
+    event->accept();
+    m_premuto = QPersistentModelIndex(); // the release that follows is no click of its own
+    if (event->button() != Qt::LeftButton)
+        return;
+    const QModelIndex indice = indexAt(event->position().toPoint());
+    if (!cellaDelCorpo(indice))
+        return;
+    selectionModel()->setCurrentIndex(indice, QItemSelectionModel::NoUpdate);
+    emit doppioClic(indice.row(), indice.column());
+}
+
+void VistaGriglia::mouseMoveEvent(QMouseEvent *event) {
+    // Dragging may move the current cell, but not out of the body nor from a fixed cell.
+    if (event->buttons() & Qt::LeftButton) {
+        if (!m_premuto.isValid() || !cellaDelCorpo(indexAt(event->position().toPoint()))) {
+            event->accept();
+            return;
+        }
+    }
+    QTableView::mouseMoveEvent(event);
+}
+
+bool VistaGriglia::eventFilter(QObject *oggetto, QEvent *evento) {
+    // The frozen row is the header widget: it ignores clicks but tells about the right button.
+    if (oggetto == horizontalHeader()->viewport() && evento->type() == QEvent::MouseButtonRelease) {
+        auto *mouse = static_cast<QMouseEvent *>(evento);
+        if (mouse->button() == Qt::RightButton) {
+            const int c = horizontalHeader()->logicalIndexAt(mouse->position().toPoint());
+            emit tastoDestro(c >= 0 ? 0 : -1, c);
+            return true;
+        }
+    }
+    return QTableView::eventFilter(oggetto, evento);
+}

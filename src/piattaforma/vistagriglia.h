@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QPersistentModelIndex>
+#include <QPointer>
+#include <QTableView>
+
+class Griglia;
+
+// Shows a Griglia the way the program's grids have always looked: the fixed rows are the header,
+// one current cell drawn as a frame (so cell colours stay visible), no selection, grey lines.
+//
+// With exactly one fixed row, that row is frozen at the top: the grid gives it as the horizontal
+// header (Griglia::headerData) and the view hides row 0 of the body. The row numbers stay the
+// grid's own throughout, with no proxy in between. With more fixed rows they are the first rows of
+// the body, drawn grey; fixed columns are drawn grey and scroll with the rest.
+class VistaGriglia : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit VistaGriglia(QWidget *parent = nullptr);
+    ~VistaGriglia() override;
+
+    void setGriglia(Griglia *griglia);
+    Griglia *griglia() const;
+
+    // The current cell in grid coordinates; -1 when there is none.
+    int rigaCorrente() const;
+    int colonnaCorrente() const;
+    void setCellaCorrente(int r, int c);
+
+signals:
+    void clic(int riga, int colonna);
+    void doppioClic(int riga, int colonna);
+    // On release of the right button, with the cell under the mouse (-1, -1 if none).
+    void tastoDestro(int riga, int colonna);
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    QModelIndex moveCursor(CursorAction azione, Qt::KeyboardModifiers modificatori) override;
+    bool eventFilter(QObject *oggetto, QEvent *evento) override;
+
+private:
+    bool cellaDelCorpo(const QModelIndex &indice) const;
+    void aggiornaDimensioni();
+    void aggiornaIntestazione();
+    void aggiornaLarghezze();
+    void aggiornaAltezze();
+    void salvaCella();
+    void dopoIlReset();
+    void ripristinaCella();
+
+    QPointer<Griglia> m_griglia;
+    QList<QMetaObject::Connection> m_connessioni;
+    QPersistentModelIndex m_premuto; // left press on a body cell, waiting for its release
+    int m_rigaSalvata = -1;          // current cell kept across a reset or a removal
+    int m_colonnaSalvata = -1;
+};
