@@ -3,9 +3,11 @@
 #include "supporto/ambienteprova.h"
 
 #include "core/colonna.h"
+#include "core/frmattendere.h"
 #include "core/mdiavvio.h"
 #include "core/mdipannello.h"
 #include "core/statoprogramma.h"
+#include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 
 #include <QAction>
@@ -15,6 +17,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -70,6 +73,10 @@ private slots:
     void vociAbilitate();
     void guidaECredits();
     void registroDegliSchermi();
+    void guastoInUnEventoDiventaUnBox();
+    void indicatoreDeiMessaggi();
+    void attesaDisabilitaLaCornice();
+    void centratura();
 };
 
 void TstCornice::cruscottoDellUltimaColonna() {
@@ -314,6 +321,91 @@ void TstCornice::registroDegliSchermi() {
     QVERIFY(nuovo != primo);
     QCOMPARE(p.area()->subWindowList().size(), 1);
     QTRY_VERIFY(vecchio.isNull());
+}
+
+void TstCornice::guastoInUnEventoDiventaUnBox() {
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    // An entry whose event meets a run-time fault: the box, and the program goes on.
+    a.pannello().registraAzione(
+        u"mnuLotto"_s, [] { throw ErroreEsecuzione(u"Il file Prova.txt è troppo corto."_s); });
+    QAction *voce = a.pannello().findChild<QAction *>(u"mnuLotto"_s);
+    QVERIFY(voce->isEnabled());
+    voce->trigger();
+    QCOMPARE(a.dialoghi.boxes.size(), 1);
+    QCOMPARE(a.dialoghi.boxes.first().tipo, Dialoghi::Tipo::Critico);
+    QCOMPARE(a.dialoghi.boxes.first().testo, u"Il file Prova.txt è troppo corto."_s);
+    QVERIFY(a.pannello().isVisible());
+    // The panel of a too small archive is such a fault too.
+    a.scrivi(u"Archivio.txt"_s, archivioSintetico(100));
+    a.dialoghi.svuota();
+    QVERIFY(a.avvia());
+    QCOMPARE(a.dialoghi.boxes.size(), 1);
+    QVERIFY(a.dialoghi.boxes.first().testo.contains(u"205"_s));
+    QVERIFY(a.pannello().area()->subWindowList().isEmpty());
+    QCOMPARE(a.stato().NumeroColonne(), 100);
+}
+
+void TstCornice::indicatoreDeiMessaggi() {
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    auto *img = a.pannello().findChild<QPushButton *>(u"imgComm"_s);
+    auto *timer = a.pannello().findChild<QTimer *>(u"Timer1"_s);
+    QVERIFY(img && timer);
+    QVERIFY(!timer->isActive());
+    const auto immagine = [&](const QString &nome) {
+        return a.pannello().findChild<QLabel *>(nome)->pixmap().toImage();
+    };
+    const auto mostrata = [&] { return img->icon().pixmap(32, 32).toImage(); };
+    QCOMPARE(mostrata(), immagine(u"pic0"_s));
+    a.pannello().avviaIndicatore();
+    QVERIFY(timer->isActive());
+    // The ticks show pic1, pic2, pic3 in turn, and again from pic1.
+    for (const QString &nome : {u"pic1"_s, u"pic2"_s, u"pic3"_s, u"pic1"_s})
+        QTRY_VERIFY_WITH_TIMEOUT(mostrata() == immagine(nome), 3000);
+    a.pannello().fermaIndicatore();
+    QVERIFY(!timer->isActive());
+    QCOMPARE(mostrata(), immagine(u"pic0"_s));
+}
+
+void TstCornice::attesaDisabilitaLaCornice() {
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    {
+        FrmAttendere attesa(&a.pannello());
+        attesa.setIntervallo(0, 10);
+        attesa.show();
+        QVERIFY(!a.pannello().isEnabled());
+        QVERIFY(attesa.isEnabled());
+        QCOMPARE(attesa.windowTitle(), u"ATTENDERE. PREGO."_s);
+        attesa.setValore(4);
+        QCOMPARE(attesa.findChild<QProgressBar *>(u"bar"_s)->value(), 4);
+        attesa.close();
+        QVERIFY(a.pannello().isEnabled());
+        attesa.show();
+        QVERIFY(!a.pannello().isEnabled());
+    }
+    // Destroyed while up: the frame is usable again all the same.
+    QVERIFY(a.pannello().isEnabled());
+}
+
+void TstCornice::centratura() {
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    QWidget *schermo = a.pannello().trovaSchermo(u"frmPannelloSegni"_s);
+    QWidget *finestra = schermo->parentWidget();
+    finestra->move(0, 0);
+    a.pannello().centraSchermo(schermo);
+    const QSize area = a.pannello().area()->viewport()->size();
+    QVERIFY(qAbs(finestra->x() - (area.width() - finestra->width()) / 2) <= 1);
+    QVERIFY(finestra->y() >= 0);
+
+    QWidget contenitore;
+    contenitore.resize(400, 300);
+    auto *controllo = new QLabel(u"prova"_s, &contenitore);
+    controllo->resize(100, 50);
+    MdiPannello::centraControllo(controllo);
+    QCOMPARE(controllo->pos(), QPoint(150, 125));
 }
 
 QTEST_MAIN(TstCornice)

@@ -120,8 +120,7 @@ constexpr VoceMenu Menu[] = {
     {"mnuEsci", "Esci", "", Tipo::Voce, ""},
 };
 
-struct PulsanteBarra
-{
+struct PulsanteBarra {
     int indice;
     const char *testo; // the caption under the picture
     const char *suggerimento;
@@ -144,8 +143,7 @@ constexpr PulsanteBarra Barra[] = {
 };
 
 // A toolbar picture: a coloured tile with a short symbol; Qt greys it when the button is off.
-QIcon tessera(const QString &simbolo, QColor colore)
-{
+QIcon tessera(const QString &simbolo, QColor colore) {
     QPixmap p(56, 56);
     p.fill(Qt::transparent);
     QPainter g(&p);
@@ -356,8 +354,8 @@ void MdiPannello::creaBarra() {
     tb->setCursor(Qt::PointingHandCursor);
     for (const PulsanteBarra &p : Barra) {
         const QString nome = nomePulsante(p.indice);
-        auto *a = tb->addAction(tessera(testo(p.simbolo), QColor::fromRgb(p.colore)),
-                                testo(p.testo));
+        auto *a =
+            tb->addAction(tessera(testo(p.simbolo), QColor::fromRgb(p.colore)), testo(p.testo));
         a->setObjectName(nome);
         a->setToolTip(testo(p.suggerimento));
         m_voci.insert(nome, a);
@@ -522,6 +520,12 @@ void MdiPannello::centraSchermo(QWidget *schermo) const {
     const QSize area = finestra->parentWidget() ? finestra->parentWidget()->size() : size();
     finestra->move(std::max(0, (area.width() - finestra->width()) / 2),
                    std::max(0, (area.height() - finestra->height()) / 2));
+}
+
+void MdiPannello::centraControllo(QWidget *controllo) {
+    if (const QWidget *form = controllo->parentWidget())
+        controllo->move((form->width() - controllo->width()) / 2,
+                        (form->height() - controllo->height()) / 2);
 }
 
 void MdiPannello::apriGuida() {

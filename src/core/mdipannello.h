@@ -53,8 +53,9 @@ public:
     void avviaIndicatore();
     void fermaIndicatore();
 
-    // Places a screen in the middle of the frame's area.
+    // Places a screen in the middle of the frame's area, and a control in the middle of its form.
     void centraSchermo(QWidget *schermo) const;
+    static void centraControllo(QWidget *controllo);
 
     // Opens the guide with the desktop's program.
     void apriGuida();

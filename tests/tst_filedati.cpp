@@ -1,0 +1,334 @@
+#include "piattaforma/erroreesecuzione.h"
+#include "piattaforma/filedati.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <functional>
+
+#ifdef Q_OS_UNIX
+#include <csignal>
+#include <sys/resource.h>
+#endif
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray contenuto(const QString &percorso) {
+    QFile f(percorso);
+    if (!f.open(QIODevice::ReadOnly))
+        return "<illeggibile>";
+    return f.readAll();
+}
+
+bool scriviGrezzo(const QString &percorso, const QByteArray &byte) {
+    QFile f(percorso);
+    return f.open(QIODevice::WriteOnly) && f.write(byte) == byte.size();
+}
+
+// The text of the fault that `azione` raises; a null text when it raises none.
+QString errore(const std::function<void()> &azione) {
+    try {
+        azione();
+    } catch (const ErroreEsecuzione &e) {
+        return e.testo().isNull() ? u""_s : e.testo();
+    }
+    return QString();
+}
+
+} // namespace
+
+class TestFileDati : public QObject {
+    Q_OBJECT
+
+private slots:
+    void scriviByte_data();
+    void scriviByte();
+    void scriviSostituisceTutto();
+    void leggiRighe_data();
+    void leggiRighe();
+    void andataERitorno();
+    void leggiFileMancante();
+    void leggiPrimaRiga_data();
+    void leggiPrimaRiga();
+    void percorso_data();
+    void percorso();
+    void esiste();
+    void scriviInCartellaMancante();
+    void scriviSottoUnFile();
+    void scritturaFallitaLasciaIlVecchio();
+    void elimina();
+};
+
+void TestFileDati::scriviByte_data() {
+    QTest::addColumn<QStringList>("righe");
+    QTest::addColumn<QByteArray>("byte");
+
+    QTest::newRow("Lunedì") << QStringList{u"Lunedì"_s} << QByteArray::fromHex("4C756E6564EC0D0A");
+    QTest::newRow("nessuna riga") << QStringList{} << QByteArray();
+    QTest::newRow("una riga vuota") << QStringList{QString()} << QByteArray("\r\n");
+    QTest::newRow("vuota in mezzo")
+        << QStringList{u"a"_s, QString(), u"b"_s} << QByteArray("a\r\n\r\nb\r\n");
+    QTest::newRow("accenti") << QStringList{u"città è già"_s, u"Mercoledì"_s}
+                             << QByteArray("citt\xE0 \xE8 gi\xE0\r\nMercoled\xEC\r\n");
+    QTest::newRow("riga d'archivio") << QStringList{u"2011 34 1121X22122112X 6 2 6 9 2 4"_s}
+                                     << QByteArray("2011 34 1121X22122112X 6 2 6 9 2 4\r\n");
+}
+
+void TestFileDati::scriviByte() {
+    QFETCH(QStringList, righe);
+    QFETCH(QByteArray, byte);
+
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    const QString percorso = dir.filePath(u"Prova.txt"_s);
+    FileDati::scriviRighe(percorso, righe);
+    QVERIFY(QFile::exists(percorso));
+    QCOMPARE(contenuto(percorso), byte);
+}
+
+void TestFileDati::scriviSostituisceTutto() {
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    const QString percorso = dir.filePath(u"Prova.txt"_s);
+    QVERIFY(scriviGrezzo(percorso, QByteArray(500, 'z')));
+
+    FileDati::scriviRighe(percorso, {u"corta"_s});
+    QCOMPARE(contenuto(percorso), QByteArray("corta\r\n"));
+    FileDati::scriviRighe(percorso, {});
+    QCOMPARE(contenuto(percorso), QByteArray());
+    // Nothing else is left in the folder (no temporary copy).
+    QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{u"Prova.txt"_s});
+}
+
+void TestFileDati::leggiRighe_data() {
+    QTest::addColumn<QByteArray>("byte");
+    QTest::addColumn<QStringList>("righe");
+
+    QTest::newRow("CR LF") << QByteArray("uno\r\ndue\r\n") << QStringList{u"uno"_s, u"due"_s};
+    QTest::newRow("solo LF") << QByteArray("uno\ndue\n") << QStringList{u"uno"_s, u"due"_s};
+    QTest::newRow("ultima senza fine")
+        << QByteArray("uno\r\ndue") << QStringList{u"uno"_s, u"due"_s};
+    QTest::newRow("LF senza fine") << QByteArray("uno\ndue") << QStringList{u"uno"_s, u"due"_s};
+    QTest::newRow("fini mescolate")
+        << QByteArray("a\nb\r\nc") << QStringList{u"a"_s, u"b"_s, u"c"_s};
+    QTest::newRow("vuota in mezzo")
+        << QByteArray("a\r\n\r\nb\r\n") << QStringList{u"a"_s, QString(), u"b"_s};
+    QTest::newRow("vuota in mezzo, LF")
+        << QByteArray("a\n\nb\n") << QStringList{u"a"_s, QString(), u"b"_s};
+    QTest::newRow("à da E0") << QByteArray("\xE0\r\n") << QStringList{u"à"_s};
+    QTest::newRow("Lunedì") << QByteArray::fromHex("4C756E6564EC0D0A") << QStringList{u"Lunedì"_s};
+    QTest::newRow("blank conservati") << QByteArray("  a b  \r\n") << QStringList{u"  a b  "_s};
+    QTest::newRow("file vuoto") << QByteArray() << QStringList{};
+    QTest::newRow("una sola riga vuota") << QByteArray("\r\n") << QStringList{QString()};
+}
+
+void TestFileDati::leggiRighe() {
+    QFETCH(QByteArray, byte);
+    QFETCH(QStringList, righe);
+
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    const QString percorso = dir.filePath(u"Prova.txt"_s);
+    QVERIFY(scriviGrezzo(percorso, byte));
+
+    const QStringList lette = FileDati::leggiRighe(percorso);
+    QCOMPARE(lette, righe);
+    for (const QString &riga : lette) {
+        QVERIFY(!riga.contains(u'\r'));
+        QVERIFY(!riga.contains(u'\n'));
+    }
+}
+
+void TestFileDati::andataERitorno() {
+    // Every printable Latin-1 letter above ASCII goes out as its own byte and comes back.
+    QString alte;
+    QByteArray attesi;
+    for (int c = 0xA0; c <= 0xFF; ++c) {
+        alte += QChar(c);
+        attesi += char(c);
+    }
+    const QStringList righe{u"Giovedì"_s, alte, QString(), u"fine"_s};
+
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    const QString percorso = dir.filePath(u"Prova.txt"_s);
+    FileDati::scriviRighe(percorso, righe);
+    QCOMPARE(contenuto(percorso),
+             QByteArray("Gioved\xEC\r\n") + attesi + QByteArray("\r\n\r\nfine\r\n"));
+    QCOMPARE(FileDati::leggiRighe(percorso), righe);
+}
+
+void TestFileDati::leggiFileMancante() {
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    const QString percorso = dir.filePath(u"Mancante-xyz.txt"_s);
+
+    const QString testo = errore([&] { FileDati::leggiRighe(percorso); });
+    QVERIFY2(!testo.isNull(), "nessun errore per un file mancante");
+    QVERIFY2(testo.contains(u"Mancante-xyz.txt"_s), qPrintable(testo));
+
+    const QString testoPrima = errore([&] { FileDati::leggiPrimaRiga(percorso); });
+    QVERIFY2(!testoPrima.isNull(), "nessun errore per un file mancante");
+    QVERIFY2(testoPrima.contains(u"Mancante-xyz.txt"_s), qPrintable(testoPrima));
+}
+
+void TestFileDati::leggiPrimaRiga_data() {
+    QTest::addColumn<QByteArray>("byte");
+    QTest::addColumn<QString>("riga");
+
+    QTest::newRow("file vuoto") << QByteArray() << QString();
+    QTest::newRow("due righe") << QByteArray("prima\r\nseconda\r\n") << u"prima"_s;
+    QTest::newRow("senza fine") << QByteArray("sola") << u"sola"_s;
+    QTest::newRow("prima vuota") << QByteArray("\r\nseconda\r\n") << QString();
+    QTest::newRow("accento") << QByteArray("Venerd\xEC\n") << u"Venerdì"_s;
+}
+
+void TestFileDati::leggiPrimaRiga() {
+    QFETCH(QByteArray, byte);
+    QFETCH(QString, riga);
+
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    const QString percorso = dir.filePath(u"Prova.txt"_s);
+    QVERIFY(scriviGrezzo(percorso, byte));
+    const QString letta = FileDati::leggiPrimaRiga(percorso);
+    QCOMPARE(letta, riga);
+    QVERIFY(letta.isEmpty() == riga.isEmpty());
+}
+
+void TestFileDati::percorso_data() {
+    QTest::addColumn<QStringList>("presenti");
+    QTest::addColumn<QString>("nome");
+    QTest::addColumn<QString>("trovato");
+
+    QTest::newRow("maiuscole diverse") << QStringList{u"Classif-francia.txt"_s}
+                                       << u"classif-Francia.txt"_s << u"Classif-francia.txt"_s;
+    QTest::newRow("tutto maiuscolo")
+        << QStringList{u"ARCHIVIO.TXT"_s, u"Altro.txt"_s} << u"Archivio.txt"_s << u"ARCHIVIO.TXT"_s;
+    QTest::newRow("uguale") << QStringList{u"Archivio.txt"_s} << u"Archivio.txt"_s
+                            << u"Archivio.txt"_s;
+    QTest::newRow("nessuno") << QStringList{u"Altro.txt"_s} << u"Nuovo.txt"_s << u"Nuovo.txt"_s;
+    QTest::newRow("cartella vuota") << QStringList{} << u"Nuovo.txt"_s << u"Nuovo.txt"_s;
+    QTest::newRow("solo un nome simile")
+        << QStringList{u"classif-francia.txt.bak"_s, u"classif-francia.tx"_s}
+        << u"Classif-Francia.txt"_s << u"Classif-Francia.txt"_s;
+}
+
+void TestFileDati::percorso() {
+    QFETCH(QStringList, presenti);
+    QFETCH(QString, nome);
+    QFETCH(QString, trovato);
+
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    for (const QString &p : presenti)
+        QVERIFY(scriviGrezzo(dir.filePath(p), "x\r\n"));
+
+    const QString risposta = FileDati::percorso(dir.path(), nome);
+    QCOMPARE(QFileInfo(risposta).fileName(), trovato);
+    QCOMPARE(QFileInfo(risposta).absolutePath(), QFileInfo(dir.path()).absoluteFilePath());
+}
+
+void TestFileDati::esiste() {
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    QVERIFY(scriviGrezzo(dir.filePath(u"Classif-francia.txt"_s), "x\r\n"));
+
+    QVERIFY(FileDati::esiste(dir.path(), u"Classif-francia.txt"_s));
+    QVERIFY(FileDati::esiste(dir.path(), u"classif-Francia.txt"_s));
+    QVERIFY(FileDati::esiste(dir.path(), u"CLASSIF-FRANCIA.TXT"_s));
+    QVERIFY(!FileDati::esiste(dir.path(), u"Classif-Italia.txt"_s));
+    QVERIFY(!FileDati::esiste(dir.path(), u"Classif-francia"_s));
+    QVERIFY(!FileDati::esiste(dir.filePath(u"manca"_s), u"Classif-francia.txt"_s));
+}
+
+void TestFileDati::scriviInCartellaMancante() {
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    const QString cartella = dir.filePath(u"manca"_s);
+    const QString percorso = cartella + u"/Archivio.txt"_s;
+
+    const QString testo = errore([&] { FileDati::scriviRighe(percorso, {u"riga"_s}); });
+    QVERIFY2(!testo.isNull(), "nessun errore scrivendo in una cartella mancante");
+    QVERIFY2(testo.contains(u"Archivio.txt"_s), qPrintable(testo));
+    QVERIFY(!QFileInfo::exists(cartella));
+    QVERIFY(QDir(dir.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+}
+
+void TestFileDati::scriviSottoUnFile() {
+    // The parent of the target is a regular file: this fails for root too.
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    const QString blocco = dir.filePath(u"Blocco.txt"_s);
+    const QByteArray vecchio("vecchio\r\ncontenuto\r\n");
+    QVERIFY(scriviGrezzo(blocco, vecchio));
+
+    const QString testo =
+        errore([&] { FileDati::scriviRighe(blocco + u"/Archivio.txt"_s, {u"nuova"_s}); });
+    QVERIFY2(!testo.isNull(), "nessun errore scrivendo sotto un file");
+    QVERIFY2(testo.contains(u"Archivio.txt"_s), qPrintable(testo));
+    QVERIFY(QFileInfo(blocco).isFile());
+    QCOMPARE(contenuto(blocco), vecchio);
+    QCOMPARE(QDir(dir.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+             QStringList{u"Blocco.txt"_s});
+}
+
+void TestFileDati::scritturaFallitaLasciaIlVecchio() {
+#ifdef Q_OS_UNIX
+    // A write that stops halfway, for any user: a file size limit below the new content. The old
+    // file must stay whole and no half-written copy may be left beside it.
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    const QString percorso = dir.filePath(u"Archivio.txt"_s);
+    const QByteArray vecchio("2011 34 1121X22122112X 6 2 6 9 2 4\r\n");
+    QVERIFY(scriviGrezzo(percorso, vecchio));
+
+    QStringList molte;
+    for (int i = 0; i < 4000; ++i)
+        molte.append(u"2011 34 1121X22122112X 6 2 6 9 2 4"_s);
+
+    rlimit prima{};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &prima), 0);
+    rlimit stretto = prima;
+    stretto.rlim_cur = 4096;
+    const auto gestore = std::signal(SIGXFSZ, SIG_IGN);
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &stretto), 0);
+    const QString testo = errore([&] { FileDati::scriviRighe(percorso, molte); });
+    setrlimit(RLIMIT_FSIZE, &prima);
+    std::signal(SIGXFSZ, gestore);
+
+    QVERIFY2(!testo.isNull(), "nessun errore per una scrittura interrotta");
+    QVERIFY2(testo.contains(u"Archivio.txt"_s), qPrintable(testo));
+    QCOMPARE(contenuto(percorso), vecchio);
+    QCOMPARE(QDir(dir.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+             QStringList{u"Archivio.txt"_s});
+
+    // With the limit lifted the same write goes through whole.
+    FileDati::scriviRighe(percorso, molte);
+    QCOMPARE(FileDati::leggiRighe(percorso), molte);
+#else
+    QSKIP("Serve un limite alla dimensione dei file (solo Unix).");
+#endif
+}
+
+void TestFileDati::elimina() {
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    const QString percorso = dir.filePath(u"Prova.txt"_s);
+
+    QVERIFY2(errore([&] { FileDati::elimina(percorso); }).isNull(),
+             "un file mancante non è un errore");
+    QVERIFY(scriviGrezzo(percorso, "x\r\n"));
+    QVERIFY(scriviGrezzo(dir.filePath(u"Resta.txt"_s), "y\r\n"));
+    FileDati::elimina(percorso);
+    QVERIFY(!QFileInfo::exists(percorso));
+    QVERIFY(QFileInfo::exists(dir.filePath(u"Resta.txt"_s)));
+    QVERIFY2(errore([&] { FileDati::elimina(percorso); }).isNull(), "seconda eliminazione");
+}
+
+QTEST_APPLESS_MAIN(TestFileDati)
+#include "tst_filedati.moc"
