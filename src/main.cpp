@@ -4,9 +4,19 @@
 #include "piattaforma/dialoghiqt.h"
 
 #include <QApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
 
 int main(int argc, char *argv[]) {
     QApplication app(argc, argv);
+    // Qt's own texts (buttons of the boxes, the file dialog) in Italian, like the program's.
+    QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
+    QTranslator traduzioneQt;
+    if (traduzioneQt.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
+                          QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&traduzioneQt);
+
     DialoghiQt dialoghi;
     Impostazioni impostazioni;
     Schermo schermo;
