@@ -1,12 +1,10 @@
 #include "supporto/ambienteprova.h"
 
-#include "core/colonna.h"
 #include "core/mdipannello.h"
 #include "piattaforma/filedati.h"
 
 #include <QDir>
 #include <QFile>
-#include <QRandomGenerator>
 #include <QTest>
 #include <QWidget>
 
@@ -71,27 +69,4 @@ void AmbienteProva::fotografa(QWidget *w, const QString &nome) {
         return;
     QDir().mkpath(cartella);
     w->grab().save(QDir(cartella).filePath(nome + u".png"_s));
-}
-
-QStringList archivioSintetico(int n, quint32 seme) {
-    QRandomGenerator caso(seme);
-    QStringList righe;
-    const QStringList segni = Colonna::segni();
-    int anno = 2000;
-    int concorso = 0;
-    for (int i = 0; i < n; ++i) {
-        if (++concorso > 38) {
-            concorso = 1;
-            ++anno;
-        }
-        QString colonna;
-        for (int p = 0; p < Colonna::Lunghezza; ++p) {
-            // Not uniform, as real columns aren't: "1" comes out most often.
-            const quint32 v = caso.bounded(100u);
-            colonna += segni.at(v < 46 ? 0 : v < 74 ? 1 : 2);
-        }
-        righe.append(
-            Colonna::rigaArchivio(QString::number(anno), QString::number(concorso), colonna));
-    }
-    return righe;
 }

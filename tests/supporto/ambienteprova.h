@@ -4,6 +4,7 @@
 #include "piattaforma/dialoghiprova.h"
 #include "piattaforma/impostazioni.h"
 #include "piattaforma/schermo.h"
+#include "supporto/archiviosintetico.h"
 
 #include <QSize>
 #include <QStringList>
@@ -47,6 +48,3 @@ private:
     std::unique_ptr<Impostazioni> m_impostazioni;
     std::unique_ptr<MdiProgramma> m_programma;
 };
-
-// A column archive of n made-up contests (deterministic), as the lines of Archivio.txt.
-QStringList archivioSintetico(int n, quint32 seme = 1);
