@@ -12,5 +12,5 @@ if [ ${#mancanti[@]} -gt 0 ]; then
     SUDO=""
     [ "$(id -u)" -eq 0 ] || SUDO="sudo"
     $SUDO apt-get update -q
-    DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -q --no-install-recommends "${mancanti[@]}"
+    DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -q "${mancanti[@]}"
 fi
