@@ -2,6 +2,7 @@
 
 #include "analisi/grigliepannello.h"
 #include "analisi/statistichesegni.h"
+#include "core/mdipannello.h"
 #include "core/registroschermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/griglia.h"
@@ -53,6 +54,8 @@ FrmPannelloSegni::FrmPannelloSegni(StatoProgramma &stato, QWidget *genitore)
     setObjectName(u"frmPannelloSegni"_s);
     setWindowTitle(QString::fromUtf8(Titolo));
     setWindowFlags(Qt::FramelessWindowHint);
+    // The first screen of the program stands at the top left of the frame's area.
+    setProperty(MdiPannello::PosizioneFissa, true);
     setAutoFillBackground(true);
     setStyleSheet(u"FrmPannelloSegni { background: #eef1f6; }"
                   "#lblTitolo { color: #1d3f72; }"

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QProgressBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -56,4 +57,7 @@ void FrmAttendere::showEvent(QShowEvent *e) {
 void FrmAttendere::hideEvent(QHideEvent *e) {
     abilitaCornice(true);
     QDialog::hideEvent(e);
+    // The work is done: the frame takes the keyboard back, once this box is gone.
+    if (m_cornice)
+        QTimer::singleShot(0, m_cornice, [cornice = m_cornice] { cornice->activateWindow(); });
 }

@@ -196,6 +196,7 @@ MdiPannello::MdiPannello(StatoProgramma &stato)
     : m_stato(stato) {
     setObjectName(u"mdiPannello"_s);
     setWindowTitle(u"Vespara!"_s);
+    setWindowIcon(tessera(u"V"_s, QColor(0x1d3f72)));
     creaCruscotto();
     creaMenu();
     creaBarra();
@@ -447,6 +448,11 @@ QWidget *MdiPannello::apriSchermo(const QString &nome) {
     s->setAttribute(Qt::WA_DeleteOnClose);
     s->setWindowIcon(windowIcon());
     s->adjustSize();
+    // Never larger than the area, and in its middle unless the screen keeps its own place.
+    if (m_area->isVisible())
+        s->resize(s->size().boundedTo(m_area->viewport()->size()));
+    if (!schermo->property(PosizioneFissa).toBool())
+        centraSchermo(schermo);
     s->show();
     m_area->setActiveSubWindow(s);
     return schermo;

@@ -25,6 +25,9 @@ class MdiPannello : public QMainWindow, public RegistroSchermi {
 public:
     // Creates a screen; the frame shows it in its area (a QDialog is shown as it is).
     using Fabbrica = std::function<QWidget *(StatoProgramma &, MdiPannello &)>;
+    // A screen with this property true keeps the place it opens at (top left of the area);
+    // every other screen is centred in the area.
+    static constexpr const char *PosizioneFissa = "vesparaPosizioneFissa";
 
     explicit MdiPannello(StatoProgramma &stato);
     ~MdiPannello() override;

@@ -52,6 +52,9 @@ public:
     QStringList Formule;
     int BaseColonne9 = 0;
     bool RicalcolaColonne9 = true;
+    // The master table of the columns of the 9: column, Freq., Rit. (as the grid shows them),
+    // kept while the program runs so that reopening the workspace costs nothing.
+    QList<std::array<QString, 3>> StatColonne9;
     // The season text of anno.txt.
     QString Stagione;
     // Team lists by league code (LegaClassifica).

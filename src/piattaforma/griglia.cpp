@@ -234,6 +234,27 @@ void Griglia::rimuoviRiga(int r) {
         endRemoveRows();
 }
 
+void Griglia::rimuoviRighe(const QList<int> &righeDaTogliere) {
+    if (righeDaTogliere.isEmpty())
+        return;
+    std::vector<bool> togli(m_righe.size(), false);
+    for (const int r : righeDaTogliere) {
+        controllaRiga(r);
+        togli[r] = true;
+    }
+    // One pass that keeps the order of the rows that stay, and one reset for the view.
+    const bool segnala = !bloccata();
+    if (segnala)
+        beginResetModel();
+    std::size_t scritte = 0;
+    for (std::size_t r = 0; r < m_righe.size(); ++r)
+        if (!togli[r])
+            m_righe[scritte++] = std::move(m_righe[r]);
+    m_righe.resize(scritte);
+    if (segnala)
+        endResetModel();
+}
+
 void Griglia::aggiungiRiga(const QStringList &celle) {
     Riga riga = nuovaRiga();
     std::copy_n(celle.cbegin(), std::min<qsizetype>(celle.size(), m_colonne), riga.celle.begin());

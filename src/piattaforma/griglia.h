@@ -66,6 +66,9 @@ public:
     QString testo(int r, int c) const;
     void setTesto(int r, int c, const QString &t);
     void rimuoviRiga(int r);
+    // Removes many rows at once (any order, duplicates allowed): what rimuoviRiga would do for
+    // each, from the last to the first.
+    void rimuoviRighe(const QList<int> &righe);
     void aggiungiRiga(const QStringList &celle = {});
     // Empties every cell and resets its format; sizes, fixed rows and column alignments stay.
     void pulisci();

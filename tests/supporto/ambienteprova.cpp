@@ -41,7 +41,9 @@ bool AmbienteProva::avvia() {
     const bool riuscito = m_programma->avvia();
     if (riuscito) {
         m_programma->pannello().show();
-        if (!QTest::qWaitForWindowExposed(&m_programma->pannello()))
+        // Active, as under a user's hands: focus moves, and leaving a field is seen.
+        m_programma->pannello().activateWindow();
+        if (!QTest::qWaitForWindowActive(&m_programma->pannello()))
             return false;
     }
     return riuscito;

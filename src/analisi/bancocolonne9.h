@@ -1,0 +1,101 @@
+#pragma once
+
+#include "analisi/colonne9.h"
+#include "piattaforma/dialoghi.h"
+
+#include <QString>
+
+#include <array>
+#include <functional>
+#include <optional>
+
+class Griglia;
+
+// The bench of the workspace of the 9: the grid of the columns still selected, the one-level
+// snapshot for the undo, the nine fixed-sign boxes, and every filter step. The screen passes the
+// texts of its controls as they stand; a step that refuses them answers with the box to show.
+class BancoColonne9 {
+public:
+    static constexpr int Colonne = 4;
+    static const QStringList &intestazioni();
+
+    struct Messaggio {
+        Dialoghi::Tipo tipo;
+        QString testo;
+    };
+    using Esito = std::optional<Messaggio>;
+
+    // How "Pos." is written after a step: "17)" or the bare "17".
+    enum class FormaPosizione { Parentesi, Numero };
+
+    explicit BancoColonne9(Griglia &griglia);
+
+    Griglia &griglia() const { return m_griglia; }
+    // Rows less 1: the number of columns selected (lblTot).
+    int totale() const;
+
+    // The grid as the screen opens: 19684 rows, the widths and the headers, an empty body.
+    void prepara();
+    // The universe from StatColonne9 ("Inizializzazione" and "Ripristina tutto"); the fixed-sign
+    // boxes are freed, the snapshot is kept.
+    void carica(const QList<Colonne9::Statistica> &statistiche);
+
+    // The snapshot of the grid as it stands (one level), and its restoring (cmdPrec).
+    void istantanea();
+    int righeIstantanea() const { return m_righeIstantanea; }
+    bool conIstantanea() const { return m_conIstantanea; }
+    void annulla();
+
+    // The filter steps. Those with inputs take the texts of their controls.
+    Esito formula(const QString &uno, const QString &x, const QString &due); // cmdOk
+    Esito segnoFisso(const QString &posizione, const QString &segno);        // cmdFiltro
+    Esito conteggio(const QString &segno, const QString &presenze);          // cmdAvviaFiltro
+    // 1, 2, 3: that terzina alone; 4: all three.
+    void segniDiversi(int terzina);          // cmdSegniDiversi
+    void eliminaSegno(const QString &segno); // cmbSegno
+    Esito eliminaInCasella(const QString &segno, const QString &segnoCmbSegno,
+                           const QString &casella); // cmdEliminaSegno
+    Esito eliminaFrequenza(const QString &cifra);   // cmdFreq
+    void eliminaMaiUscite();                        // cmdEliminaMaiUscite
+    void terzineOmogenee();                         // cmdTerzineOmogenee
+    // `segno` is the chosen option ("1", "X", "2") or empty when none is chosen.
+    Esito consecutivi(const QString &segno, const QString &consecutivi,
+                      const QString &presenze); // cmdCons
+
+    // The nine fixed-sign boxes: "?" when free.
+    static constexpr const char *Libero = "?";
+    const std::array<QString, 9> &segniFissi() const { return m_segniFissi; }
+    void liberaSegno(int posizione); // lblEsci(k), 1 to 9
+    void liberaSegni();
+
+    // A double click on a column of the grid: numeric sort, descending first, then alternately.
+    void ordina(int colonna);
+    int versoOrdine() const { return m_versoOrdine; }
+
+    // The number a text of a control stands for: leading blanks skipped, then digits; "?" and
+    // text without a number are 0.
+    static int valore(const QString &testo);
+
+    // The rules, one row at a time (c: the column, Freq., Rit.: as the cells hold them).
+    static bool haFormula(const QString &c, int uno, int x, int due);
+    static int contaSegno(const QString &c, const QString &segno);
+    static bool segniDiversiIn(const QString &c, int terzina);
+    static bool frequenzaConCifra(const QString &freq, const QString &cifra);
+    static bool marcataConsecutivi(const QString &c, const QString &segno, const QString &modello);
+
+private:
+    using Regola = std::function<bool(const QString &c, const QString &freq, const QString &rit)>;
+    // Walks the rows in their order, keeps those the rule allows and writes them back.
+    void filtra(const Regola &resta, FormaPosizione forma);
+    void riscrivi(const QList<std::array<QString, Colonne>> &righe, FormaPosizione forma,
+                  bool conPosizione);
+    void numera(FormaPosizione forma);
+    static Messaggio controllare();
+
+    Griglia &m_griglia;
+    QList<std::array<QString, Colonne>> m_istantanea;
+    int m_righeIstantanea = 0;
+    bool m_conIstantanea = false;
+    std::array<QString, 9> m_segniFissi;
+    int m_versoOrdine = 1;
+};

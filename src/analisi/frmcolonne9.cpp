@@ -1,0 +1,620 @@
+#include "analisi/frmcolonne9.h"
+
+#include "analisi/colonne9.h"
+#include "core/colonna.h"
+#include "core/frmattendere.h"
+#include "core/statoprogramma.h"
+#include "piattaforma/filtrotasti.h"
+#include "piattaforma/griglia.h"
+#include "piattaforma/guardia.h"
+#include "piattaforma/vistagriglia.h"
+
+#include <QApplication>
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyle>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString Libero = QString::fromLatin1(BancoColonne9::Libero);
+const QColor Verde(0, 128, 0);
+
+// The busy cursor for the length of a step.
+class CursoreOccupato {
+public:
+    CursoreOccupato() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~CursoreOccupato() { QApplication::restoreOverrideCursor(); }
+    CursoreOccupato(const CursoreOccupato &) = delete;
+    CursoreOccupato &operator=(const CursoreOccupato &) = delete;
+};
+
+QStringList numeri(int da, int a) {
+    QStringList v;
+    for (int i = da; i <= a; ++i)
+        v.append(QString::number(i));
+    return v;
+}
+
+QString nomeIndice(const QString &nome, int indice) {
+    return u"%1(%2)"_s.arg(nome).arg(indice);
+}
+
+QGroupBox *gruppo(const QString &titolo, QWidget *genitore) {
+    auto *g = new QGroupBox(titolo, genitore);
+    return g;
+}
+
+} // namespace
+
+FrmColonne9::FrmColonne9(StatoProgramma &stato, QWidget *genitore)
+    : QWidget(genitore)
+    , m_stato(stato)
+    , m_griglia(new Griglia(1, BancoColonne9::Colonne, this))
+    , m_banco(*m_griglia) {
+    setObjectName(u"frmColonne9"_s);
+    setWindowTitle(QString::fromUtf8(Titolo));
+    m_banco.prepara();
+
+    m_vista = new VistaGriglia(this);
+    m_vista->setObjectName(u"Griglia"_s);
+    m_vista->setGriglia(m_griglia);
+    int larghezza = 0;
+    for (int c = 0; c < BancoColonne9::Colonne; ++c)
+        larghezza += Griglia::twipsInPixel(m_griglia->larghezzaColonna(c));
+    m_vista->setFixedWidth(larghezza + 2 * m_vista->frameWidth() +
+                           style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2);
+    m_vista->setMinimumHeight(300);
+    connect(m_vista, &VistaGriglia::doppioClic, this, [this](int, int colonna) {
+        eseguiProtetto(m_stato.dialoghi(), [&] { m_banco.ordina(colonna); });
+    });
+
+    auto *colonne = new QHBoxLayout;
+    colonne->setSpacing(8);
+    auto *sinistra = new QVBoxLayout;
+    sinistra->addWidget(creaComandi());
+    sinistra->addWidget(creaSegniFissi());
+    sinistra->addWidget(creaRicerca());
+    sinistra->addStretch();
+    auto *centro = new QVBoxLayout;
+    centro->addWidget(creaFiltri());
+    centro->addStretch();
+    auto *destra = new QVBoxLayout;
+    destra->addWidget(creaEliminazioni());
+    destra->addWidget(creaConsecutivi());
+    destra->addStretch();
+    colonne->addLayout(sinistra);
+    colonne->addLayout(centro);
+    colonne->addLayout(destra);
+
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(6, 6, 6, 6);
+    layout->addWidget(m_vista);
+    layout->addLayout(colonne, 1);
+
+    m_cmdAvvia->setText(m_stato.RicalcolaColonne9 ? u"Inizializzazione"_s
+                                                  : u"Inizializzazione veloce"_s);
+    m_cmdPrec->setEnabled(false);
+    m_cmdRipristina->setEnabled(false);
+    abilitaFiltri(false);
+    aggiornaTotale();
+}
+
+FrmColonne9::~FrmColonne9() = default;
+
+QPushButton *FrmColonne9::pulsante(const QString &nome, const QString &testo) {
+    auto *p = new QPushButton(testo, this);
+    p->setObjectName(nome);
+    return p;
+}
+
+QComboBox *FrmColonne9::tendina(const QString &nome, const QStringList &voci) {
+    auto *c = new QComboBox(this);
+    c->setObjectName(nome);
+    c->setEditable(true);
+    c->setInsertPolicy(QComboBox::NoInsert);
+    c->addItems(voci);
+    // "?" until the user picks: the mark of no choice that the steps test.
+    c->setCurrentIndex(-1);
+    c->setEditText(Libero);
+    c->setMinimumContentsLength(2);
+    c->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    c->setMaximumWidth(58);
+    return c;
+}
+
+QWidget *FrmColonne9::creaComandi() {
+    auto *g = gruppo(QString(), this);
+    m_cmdAvvia = pulsante(u"cmdAvvia"_s, u"Inizializzazione"_s);
+    m_cmdPrec = pulsante(u"cmdPrec"_s, u"Annulla ultima modifica"_s);
+    m_cmdRipristina = pulsante(u"cmdRipristina"_s, u"Ripristina tutto"_s);
+    QFont grassetto = m_cmdAvvia->font();
+    grassetto.setBold(true);
+    m_cmdAvvia->setFont(grassetto);
+    connect(m_cmdAvvia, &QPushButton::clicked, this, [this] { avvia(); });
+    connect(m_cmdPrec, &QPushButton::clicked, this, [this] { annulla(); });
+    connect(m_cmdRipristina, &QPushButton::clicked, this, [this] { ripristina(); });
+
+    auto *etichetta = new QLabel(u"Colonne selezionate"_s, g);
+    m_lblTot = new QLabel(g);
+    m_lblTot->setObjectName(u"lblTot"_s);
+    QFont grande = m_lblTot->font();
+    grande.setBold(true);
+    grande.setPointSizeF(grande.pointSizeF() * 1.6);
+    m_lblTot->setFont(grande);
+    m_lblTot->setStyleSheet(u"color: #8b0000;"_s);
+
+    auto *l = new QGridLayout(g);
+    l->addWidget(m_cmdAvvia, 0, 0, 1, 2);
+    l->addWidget(m_cmdPrec, 1, 0, 1, 2);
+    l->addWidget(m_cmdRipristina, 2, 0, 1, 2);
+    l->addWidget(etichetta, 3, 0);
+    l->addWidget(m_lblTot, 3, 1, Qt::AlignRight);
+    return g;
+}
+
+QWidget *FrmColonne9::creaSegniFissi() {
+    auto *g = gruppo(QString(), this);
+    m_chkFiltra = new QCheckBox(u"Inserisci fisse"_s, g);
+    m_chkFiltra->setObjectName(u"chkFiltra"_s);
+    m_filtri.append(m_chkFiltra);
+
+    m_picFiltro = new QWidget(g);
+    m_picFiltro->setObjectName(u"picFiltro"_s);
+    m_txtFiltroPos = new QLineEdit(m_picFiltro);
+    m_txtFiltroPos->setObjectName(u"txtFiltroPos"_s);
+    m_txtFiltroSegno = new QLineEdit(m_picFiltro);
+    m_txtFiltroSegno->setObjectName(u"txtFiltroSegno"_s);
+    for (QLineEdit *t : {m_txtFiltroPos, m_txtFiltroSegno}) {
+        t->setMaxLength(2);
+        t->setFixedWidth(36);
+        t->setAlignment(Qt::AlignCenter);
+    }
+    new FiltroTasti(m_txtFiltroPos, u"0123456789"_s, false);
+    new FiltroTasti(m_txtFiltroSegno, u"12Xx"_s, true);
+    m_txtFiltroSegno->installEventFilter(this);
+    connect(m_txtFiltroPos, &QLineEdit::textChanged, this, [this](const QString &t) {
+        // Two digits that make no position are wiped at once.
+        const int v = BancoColonne9::valore(t);
+        if (t.size() == 2 && (v < 1 || v > 9))
+            m_txtFiltroPos->clear();
+    });
+    auto *cmdFiltro = pulsante(u"cmdFiltro"_s, u"Applica"_s);
+    cmdFiltro->setParent(m_picFiltro);
+    connect(cmdFiltro, &QPushButton::clicked, this, [this] { applicaSegnoFisso(); });
+    auto *lf = new QHBoxLayout(m_picFiltro);
+    lf->setContentsMargins(0, 0, 0, 0);
+    lf->addWidget(new QLabel(u"Pos."_s, m_picFiltro));
+    lf->addWidget(m_txtFiltroPos);
+    lf->addWidget(new QLabel(u"Segno"_s, m_picFiltro));
+    lf->addWidget(m_txtFiltroSegno);
+    lf->addWidget(cmdFiltro);
+    m_picFiltro->setVisible(false);
+
+    m_picSegni = new QWidget(g);
+    m_picSegni->setObjectName(u"picSegni"_s);
+    auto *ls = new QGridLayout(m_picSegni);
+    ls->setContentsMargins(0, 0, 0, 0);
+    ls->setHorizontalSpacing(4);
+    ls->setVerticalSpacing(2);
+    for (int k = 1; k <= 9; ++k) {
+        const int riga = (k - 1) % 3;
+        const int colonna = (k - 1) / 3 * 3;
+        auto *didascalia = new QLabel(u"%1)"_s.arg(k), m_picSegni);
+        auto *segno = new QLabel(Libero, m_picSegni);
+        segno->setObjectName(nomeIndice(u"lblSegni"_s, k));
+        segno->setAlignment(Qt::AlignCenter);
+        segno->setFixedWidth(22);
+        segno->setFrameShape(QFrame::StyledPanel);
+        QFont f = segno->font();
+        f.setBold(true);
+        segno->setFont(f);
+        auto *esci = new QPushButton(u"-"_s, m_picSegni);
+        esci->setObjectName(nomeIndice(u"lblEsci"_s, k));
+        esci->setFixedSize(20, 20);
+        esci->setToolTip(u"Libera la posizione"_s);
+        connect(esci, &QPushButton::clicked, this, [this, k] {
+            m_banco.liberaSegno(k);
+            aggiornaSegniFissi();
+        });
+        m_lblSegni[k - 1] = segno;
+        ls->addWidget(didascalia, riga, colonna);
+        ls->addWidget(segno, riga, colonna + 1);
+        ls->addWidget(esci, riga, colonna + 2);
+    }
+    m_picSegni->setEnabled(false);
+
+    connect(m_chkFiltra, &QCheckBox::clicked, this, [this] {
+        // The input opens once, until "Ripristina tutto".
+        m_picFiltro->setVisible(!m_picFiltro->isVisible());
+        if (m_picFiltro->isVisible())
+            m_txtFiltroSegno->setFocus();
+        m_picSegni->setEnabled(true);
+        m_chkFiltra->setEnabled(false);
+    });
+
+    auto *l = new QVBoxLayout(g);
+    l->addWidget(m_chkFiltra);
+    l->addWidget(m_picFiltro);
+    l->addWidget(m_picSegni);
+    return g;
+}
+
+QWidget *FrmColonne9::creaFiltri() {
+    auto *formula = gruppo(u"Filtra colonne con formula"_s, this);
+    auto *lf = new QHBoxLayout(formula);
+    const QStringList nomi{u"cmb1"_s, u"cmbX"_s, u"cmb2"_s};
+    for (int i = 0; i < 3; ++i) {
+        m_cmbFormula[i] = tendina(nomi.at(i), numeri(0, 9));
+        lf->addWidget(new QLabel(Colonna::segni().at(i), formula));
+        lf->addWidget(m_cmbFormula[i]);
+    }
+    auto *cmdOk = pulsante(u"cmdOk"_s, u"Esegui"_s);
+    lf->addWidget(cmdOk);
+    connect(cmdOk, &QPushButton::clicked, this, [this] {
+        passo([this] {
+            return m_banco.formula(m_cmbFormula[0]->currentText(), m_cmbFormula[1]->currentText(),
+                                   m_cmbFormula[2]->currentText());
+        });
+    });
+
+    auto *segno = gruppo(u"Filtra colonne con segno"_s, this);
+    m_cmbFiltroSegno = tendina(u"cmbFiltroSegno"_s, {u"1"_s, u"X"_s, u"2"_s});
+    m_cmbSegnoPresente = tendina(u"cmbSegnoPresente"_s, numeri(1, 9));
+    auto *cmdAvviaFiltro = pulsante(u"cmdAvviaFiltro"_s, u"Esegui"_s);
+    auto *ls = new QHBoxLayout(segno);
+    ls->addWidget(m_cmbFiltroSegno);
+    ls->addWidget(new QLabel(u"presente"_s, segno));
+    ls->addWidget(m_cmbSegnoPresente);
+    ls->addStretch();
+    ls->addWidget(cmdAvviaFiltro);
+    connect(cmdAvviaFiltro, &QPushButton::clicked, this, [this] {
+        passo([this] {
+            return m_banco.conteggio(m_cmbFiltroSegno->currentText(),
+                                     m_cmbSegnoPresente->currentText());
+        });
+    });
+
+    auto *diversi = gruppo(u"Esamina solo colonne con segni diversi in ciascuna terzina."_s, this);
+    auto *ld = new QGridLayout(diversi);
+    const QStringList opzioni{u"1ª Terzina"_s, u"2ª Terzina"_s, u"3ª Terzina"_s, u"Tutte"_s};
+    auto *gruppoOpzioni = new QButtonGroup(this);
+    for (int i = 0; i < 4; ++i) {
+        m_optTerzina[i] = new QRadioButton(opzioni.at(i), diversi);
+        m_optTerzina[i]->setObjectName(nomeIndice(u"optTerzina"_s, i + 1));
+        gruppoOpzioni->addButton(m_optTerzina[i], i + 1);
+        ld->addWidget(m_optTerzina[i], i / 2, i % 2);
+    }
+    m_optTerzina[3]->setChecked(true);
+    auto *cmdSegniDiversi = pulsante(u"cmdSegniDiversi"_s, u"Esegui"_s);
+    ld->addWidget(cmdSegniDiversi, 0, 2, 2, 1);
+    connect(cmdSegniDiversi, &QPushButton::clicked, this, [this, gruppoOpzioni] {
+        passo([this, gruppoOpzioni] {
+            m_banco.segniDiversi(gruppoOpzioni->checkedId());
+            return BancoColonne9::Esito();
+        });
+    });
+
+    auto *omogenee = gruppo(u"Filtra colonne con terzine omogenee"_s, this);
+    auto *cmdTerzineOmogenee = pulsante(u"cmdTerzineOmogenee"_s, u"Avvia"_s);
+    auto *lo = new QHBoxLayout(omogenee);
+    lo->addStretch();
+    lo->addWidget(cmdTerzineOmogenee);
+    connect(cmdTerzineOmogenee, &QPushButton::clicked, this, [this] {
+        passo([this] {
+            m_banco.terzineOmogenee();
+            return BancoColonne9::Esito();
+        });
+    });
+
+    m_filtri.append({cmdOk, cmdAvviaFiltro, cmdSegniDiversi, cmdTerzineOmogenee});
+    auto *contenitore = new QWidget(this);
+    auto *l = new QVBoxLayout(contenitore);
+    l->setContentsMargins(0, 0, 0, 0);
+    for (QWidget *w : {static_cast<QWidget *>(formula), static_cast<QWidget *>(segno),
+                       static_cast<QWidget *>(diversi), static_cast<QWidget *>(omogenee)})
+        l->addWidget(w);
+    return contenitore;
+}
+
+QWidget *FrmColonne9::creaEliminazioni() {
+    auto *g = gruppo(u"Elimina colonne"_s, this);
+    auto *l = new QVBoxLayout(g);
+    l->setSpacing(4);
+    const auto riga = [g, l](std::initializer_list<QWidget *> sinistra,
+                             std::initializer_list<QWidget *> destra) {
+        auto *r = new QHBoxLayout;
+        for (QWidget *w : sinistra)
+            r->addWidget(w);
+        r->addStretch();
+        for (QWidget *w : destra)
+            r->addWidget(w);
+        l->addLayout(r);
+        Q_UNUSED(g);
+    };
+    const auto etichetta = [g](const QString &testo) { return new QLabel(testo, g); };
+
+    m_cmbSegno = tendina(u"cmbSegno"_s, {u"1"_s, u"X"_s, u"2"_s});
+    // Picking the sign is the command itself.
+    connect(m_cmbSegno, &QComboBox::activated, this, [this] {
+        passo([this] {
+            m_banco.eliminaSegno(m_cmbSegno->currentText());
+            return BancoColonne9::Esito();
+        });
+    });
+    riga({etichetta(u"Elimina colonne con"_s)}, {etichetta(u"il segno"_s), m_cmbSegno});
+
+    m_cmbEliminaSegno = tendina(u"cmbEliminaSegno"_s, {u"1"_s, u"X"_s, u"2"_s});
+    m_cmbCasella = tendina(u"cmbCasella"_s, numeri(1, 9));
+    auto *cmdEliminaSegno = pulsante(u"cmdEliminaSegno"_s, u"Ok"_s);
+    connect(cmdEliminaSegno, &QPushButton::clicked, this, [this] {
+        passo([this] {
+            return m_banco.eliminaInCasella(m_cmbEliminaSegno->currentText(),
+                                            m_cmbSegno->currentText(), m_cmbCasella->currentText());
+        });
+    });
+    riga({etichetta(u"Elimina colonne con il segno"_s)}, {m_cmbEliminaSegno});
+    riga({}, {etichetta(u"in casella"_s), m_cmbCasella, cmdEliminaSegno});
+
+    m_cmbFreq = new QLineEdit(g);
+    m_cmbFreq->setObjectName(u"cmbFreq"_s);
+    m_cmbFreq->setFixedWidth(44);
+    m_cmbFreq->setAlignment(Qt::AlignCenter);
+    new FiltroTasti(m_cmbFreq, u"0123456789"_s, false);
+    auto *cmdFreq = pulsante(u"cmdFreq"_s, u"Ok"_s);
+    connect(cmdFreq, &QPushButton::clicked, this,
+            [this] { passo([this] { return m_banco.eliminaFrequenza(m_cmbFreq->text()); }); });
+    riga({etichetta(u"Elimina colonne"_s)}, {etichetta(u"Con frequenza"_s), m_cmbFreq, cmdFreq});
+
+    auto *cmdEliminaMaiUscite = pulsante(u"cmdEliminaMaiUscite"_s, u"Elimina colonne mai uscite"_s);
+    connect(cmdEliminaMaiUscite, &QPushButton::clicked, this, [this] {
+        passo([this] {
+            m_banco.eliminaMaiUscite();
+            return BancoColonne9::Esito();
+        });
+    });
+    l->addWidget(cmdEliminaMaiUscite);
+    m_filtri.append({cmdEliminaSegno, cmdFreq, cmdEliminaMaiUscite});
+    return g;
+}
+
+QWidget *FrmColonne9::creaConsecutivi() {
+    auto *g = gruppo(QString(), this);
+    auto *l = new QGridLayout(g);
+    l->addWidget(new QLabel(u"Consecutività"_s, g), 0, 1);
+    l->addWidget(new QLabel(u"Presenze"_s, g), 0, 2);
+    const QStringList segni{u"1"_s, u"X"_s, u"2"_s};
+    auto *gruppoSegni = new QButtonGroup(this);
+    for (int i = 0; i < 3; ++i) {
+        const QString s = segni.at(i);
+        m_chkCons[i] = new QRadioButton(s, g);
+        m_chkCons[i]->setObjectName(u"chkCons"_s + s);
+        gruppoSegni->addButton(m_chkCons[i], i);
+        m_cmbCons[i] = tendina(u"cmbCons"_s + s, numeri(2, 9));
+        m_cmbPres[i] = tendina(u"cmbPres"_s + s, numeri(0, 8));
+        connect(m_cmbCons[i], &QComboBox::activated, this, [this, i] { scegliConsecutivi(i); });
+        l->addWidget(m_chkCons[i], i + 1, 0);
+        l->addWidget(m_cmbCons[i], i + 1, 1);
+        l->addWidget(m_cmbPres[i], i + 1, 2);
+    }
+    auto *cmdCons = pulsante(u"cmdCons"_s, u"Ok"_s);
+    l->addWidget(cmdCons, 1, 3, 3, 1);
+    connect(cmdCons, &QPushButton::clicked, this, [this] {
+        const QString s = segnoConsecutivi();
+        const int i = Colonna::segni().indexOf(s);
+        passo([this, s, i] {
+            return m_banco.consecutivi(s, i < 0 ? QString() : m_cmbCons[i]->currentText(),
+                                       i < 0 ? QString() : m_cmbPres[i]->currentText());
+        });
+    });
+    m_filtri.append(cmdCons);
+    return g;
+}
+
+QWidget *FrmColonne9::creaRicerca() {
+    auto *g = gruppo(u"Esamina colonna"_s, this);
+    m_txtColonna = new QLineEdit(g);
+    m_txtColonna->setObjectName(u"txtColonna"_s);
+    m_txtColonna->setMaxLength(9);
+    new FiltroTasti(m_txtColonna, u"12Xx"_s, true);
+    QFont mono(u"Liberation Mono"_s);
+    mono.setStyleHint(QFont::Monospace);
+    m_txtColonna->setFont(mono);
+    auto *command1 = pulsante(u"Command1"_s, u"Cerca"_s);
+    connect(command1, &QPushButton::clicked, this, [this] { cerca(); });
+    m_lblFreq = new QLabel(g);
+    m_lblFreq->setObjectName(u"lblFreq"_s);
+    m_lblRit = new QLabel(g);
+    m_lblRit->setObjectName(u"lblRit"_s);
+    for (QLabel *e : {m_lblFreq, m_lblRit}) {
+        e->setFrameShape(QFrame::StyledPanel);
+        e->setMinimumWidth(50);
+        e->setAlignment(Qt::AlignCenter);
+    }
+    auto *l = new QGridLayout(g);
+    l->addWidget(m_txtColonna, 0, 0, 1, 2);
+    l->addWidget(command1, 0, 2);
+    l->addWidget(new QLabel(u"Frequenza"_s, g), 1, 0);
+    l->addWidget(m_lblFreq, 1, 1);
+    l->addWidget(new QLabel(u"Ritardo"_s, g), 2, 0);
+    l->addWidget(m_lblRit, 2, 1);
+    m_filtri.append(command1);
+
+    // The outputs of the analysis come with the printing services.
+    auto *imgStampa = pulsante(u"imgStampa"_s, u"Stampa Prospetto"_s);
+    imgStampa->setToolTip(u"Stampa Prospetto"_s);
+    auto *imgStampaSchedine = pulsante(u"imgStampaSchedine"_s, u"Stampa schedine"_s);
+    imgStampaSchedine->setToolTip(u"Stampa schedine"_s);
+    for (QPushButton *p : {imgStampa, imgStampaSchedine}) {
+        p->setIcon(style()->standardIcon(QStyle::SP_FileDialogDetailedView));
+        p->setEnabled(false);
+    }
+    auto *contenitore = new QWidget(this);
+    auto *lc = new QVBoxLayout(contenitore);
+    lc->setContentsMargins(0, 0, 0, 0);
+    lc->addWidget(g);
+    lc->addWidget(imgStampa);
+    lc->addWidget(imgStampaSchedine);
+    return contenitore;
+}
+
+void FrmColonne9::abilitaFiltri(bool si) {
+    for (QWidget *w : std::as_const(m_filtri))
+        w->setEnabled(si);
+}
+
+void FrmColonne9::aggiornaTotale() {
+    m_lblTot->setText(QString::number(m_banco.totale()));
+}
+
+void FrmColonne9::aggiornaSegniFissi() {
+    for (int k = 0; k < 9; ++k) {
+        const QString &s = m_banco.segniFissi()[k];
+        m_lblSegni[k]->setText(s);
+        m_lblSegni[k]->setStyleSheet(s == Libero ? u"color: black;"_s
+                                                 : u"color: %1;"_s.arg(Verde.name()));
+    }
+}
+
+void FrmColonne9::azzeraSegniFissi(bool abilitaCasella) {
+    m_chkFiltra->setChecked(false);
+    m_picFiltro->setVisible(false);
+    m_txtFiltroSegno->clear();
+    m_txtFiltroPos->clear();
+    aggiornaSegniFissi();
+    if (abilitaCasella)
+        m_picSegni->setEnabled(true);
+}
+
+void FrmColonne9::avvia() {
+    eseguiProtetto(m_stato.dialoghi(), [&] {
+        if (!m_stato.RicalcolaColonne9 && m_stato.StatColonne9.size() == Colonne9::Numero) {
+            CursoreOccupato cursore;
+            m_banco.carica(m_stato.StatColonne9);
+            azzeraSegniFissi(true);
+            m_cmdRipristina->setEnabled(true);
+            abilitaFiltri(true);
+            m_chkFiltra->setEnabled(true);
+            aggiornaTotale();
+            return;
+        }
+        // The full calculation: the frame and this screen's own buttons rest until it ends.
+        m_cmdRipristina->setEnabled(true);
+        const bool precEra = m_cmdPrec->isEnabled();
+        m_cmdAvvia->setEnabled(false);
+        m_cmdPrec->setEnabled(false);
+        m_cmdRipristina->setEnabled(false);
+        abilitaFiltri(false);
+        QWidget *cornice = window();
+        FrmAttendere attesa(cornice);
+        attesa.setIntervallo(0, Colonne9::Numero);
+        attesa.show();
+        QApplication::processEvents();
+        CursoreOccupato cursore;
+        const auto statistiche = Colonne9::calcola(m_stato.ColonneArchivio, [&attesa](int fatte) {
+            attesa.setValore(fatte);
+            QApplication::processEvents();
+        });
+        m_banco.carica(statistiche);
+        m_stato.StatColonne9 = statistiche;
+        m_stato.RicalcolaColonne9 = false;
+        attesa.close();
+        m_cmdPrec->setEnabled(precEra);
+        m_cmdRipristina->setEnabled(true);
+        abilitaFiltri(true);
+        azzeraSegniFissi(false);
+        aggiornaTotale();
+    });
+}
+
+void FrmColonne9::ripristina() {
+    eseguiProtetto(m_stato.dialoghi(), [&] {
+        CursoreOccupato cursore;
+        m_banco.carica(m_stato.StatColonne9);
+        azzeraSegniFissi(false);
+        m_chkFiltra->setEnabled(true);
+        m_picSegni->setEnabled(false);
+        aggiornaTotale();
+    });
+}
+
+void FrmColonne9::annulla() {
+    eseguiProtetto(m_stato.dialoghi(), [&] {
+        m_banco.annulla();
+        m_lblTot->setText(QString::number(m_banco.righeIstantanea()));
+    });
+}
+
+void FrmColonne9::passo(const std::function<BancoColonne9::Esito()> &azione) {
+    eseguiProtetto(m_stato.dialoghi(), [&] {
+        QApplication::processEvents();
+        BancoColonne9::Esito esito;
+        {
+            CursoreOccupato cursore;
+            esito = azione();
+        }
+        if (m_banco.conIstantanea())
+            m_cmdPrec->setEnabled(true);
+        aggiornaSegniFissi();
+        if (esito) {
+            const QString titolo = Dialoghi::titoloApplicazione();
+            if (esito->tipo == Dialoghi::Tipo::Avviso)
+                m_stato.dialoghi().avviso(titolo, esito->testo);
+            else
+                m_stato.dialoghi().informazione(titolo, esito->testo);
+            return;
+        }
+        aggiornaTotale();
+    });
+}
+
+void FrmColonne9::applicaSegnoFisso() {
+    passo([this] { return m_banco.segnoFisso(m_txtFiltroPos->text(), m_txtFiltroSegno->text()); });
+}
+
+void FrmColonne9::cerca() {
+    eseguiProtetto(m_stato.dialoghi(), [&] {
+        const QString testo = m_txtColonna->text();
+        if (!Colonne9::ricercaValida(testo)) {
+            m_stato.dialoghi().informazione(Dialoghi::titoloApplicazione(),
+                                            u"Inserire una colonna per il '9' valida."_s);
+            return;
+        }
+        const Colonne9::Ricerca r = Colonne9::cerca(m_stato.ColonneArchivio, testo);
+        m_lblFreq->setText(QString::number(r.frequenza));
+        m_lblRit->setText(QString::number(r.ritardo));
+    });
+}
+
+void FrmColonne9::scegliConsecutivi(int indice) {
+    // A run of nine leaves no room for another sign.
+    if (m_cmbCons[indice]->currentText() != u"9"_s)
+        return;
+    for (int i = 0; i < 3; ++i)
+        if (i != indice)
+            m_cmbCons[i]->setEditText(u"0"_s);
+}
+
+QString FrmColonne9::segnoConsecutivi() const {
+    for (int i = 0; i < 3; ++i)
+        if (m_chkCons[i]->isChecked())
+            return Colonna::segni().at(i);
+    return {};
+}
+
+bool FrmColonne9::eventFilter(QObject *oggetto, QEvent *evento) {
+    if (oggetto == m_txtFiltroSegno && evento->type() == QEvent::FocusOut)
+        m_txtFiltroSegno->setText(m_txtFiltroSegno->text().toUpper());
+    return QWidget::eventFilter(oggetto, evento);
+}
