@@ -2,10 +2,12 @@
 
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
+#include "piattaforma/griglia.h"
 #include "piattaforma/tabellaarchivio.h"
 
 StatoProgramma::StatoProgramma(Dialoghi &dialoghi, Impostazioni &impostazioni, Schermo &schermo)
-    : m_dialoghi(dialoghi)
+    : m_grigliaEsportazione(std::make_unique<Griglia>(1, 1))
+    , m_dialoghi(dialoghi)
     , m_impostazioni(impostazioni)
     , m_schermo(schermo) {}
 

@@ -10,6 +10,7 @@
 #include <memory>
 
 class Dialoghi;
+class Griglia;
 class Impostazioni;
 class Schermo;
 class TabellaArchivio;
@@ -69,7 +70,24 @@ public:
     int ScostamentoOrizzontale = 0;
     int ScostamentoVerticale = 0;
 
+    // OrientamentoPagina of the page documents: "orizzontale" is landscape, anything else portrait.
+    QString OrientamentoPagina = QStringLiteral("verticale");
+    // When set, every print goes to this PDF file instead of the printer (tests, and users with
+    // no printer).
+    QString FileStampaPdf;
+
+    // What a screen hands to the export to Excel: the hidden grid of frmGriglia (its rows 1 to
+    // the last at the screen's own coordinates), TitoloEsportazione, IntestazioniEsportazione
+    // (244 texts), RigheEsportazione and ColonneEsportazione.
+    static constexpr int NumeroIntestazioni = 244;
+    Griglia &GrigliaEsportazione() const { return *m_grigliaEsportazione; }
+    QString TitoloEsportazione;
+    QStringList IntestazioniEsportazione;
+    int RigheEsportazione = 0;
+    int ColonneEsportazione = 0;
+
 private:
+    std::unique_ptr<Griglia> m_grigliaEsportazione;
     Dialoghi &m_dialoghi;
     Impostazioni &m_impostazioni;
     Schermo &m_schermo;

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QUrl>
 
+class QPrinter;
+
 // Every box and system dialog of the program goes through this service, so that tests can read
 // what a user would have seen and answer the questions.
 class Dialoghi {
@@ -19,6 +21,8 @@ public:
     // The save-file dialog: the chosen path, or an empty text when cancelled. `filtro` is in Qt's
     // form, such as "Cartella di lavoro Excel (*.xlsx)".
     virtual QString salvaFile(const QString &titolo, const QString &filtro) = 0;
+    // The print dialog on that printer (the printer's own set-up): true when confirmed.
+    virtual bool dialogoStampa(QPrinter &stampante) = 0;
     // Opens a file or a URL with the desktop's program for it; false when that failed.
     virtual bool apriConDesktop(const QUrl &indirizzo) = 0;
 

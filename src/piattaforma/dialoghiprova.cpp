@@ -23,6 +23,11 @@ QString DialoghiProva::salvaFile(const QString &titolo, const QString &filtro) {
     return fileDaSalvare.isEmpty() ? QString() : fileDaSalvare.dequeue();
 }
 
+bool DialoghiProva::dialogoStampa(QPrinter &) {
+    ++dialoghiStampa;
+    return risposteStampa.isEmpty() ? true : risposteStampa.dequeue();
+}
+
 bool DialoghiProva::apriConDesktop(const QUrl &indirizzo) {
     aperti.append(indirizzo);
     return true;

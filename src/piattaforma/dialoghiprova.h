@@ -21,12 +21,16 @@ public:
     void critico(const QString &titolo, const QString &testo) override;
     bool domanda(const QString &titolo, const QString &testo) override;
     QString salvaFile(const QString &titolo, const QString &filtro) override;
+    bool dialogoStampa(QPrinter &stampante) override;
     bool apriConDesktop(const QUrl &indirizzo) override;
 
     QList<Box> boxes;
     QQueue<bool> risposte;
     QQueue<QString> fileDaSalvare;
     QList<QUrl> aperti;
+    // Answers of the print dialog (an empty queue confirms), and how often it was shown.
+    QQueue<bool> risposteStampa;
+    int dialoghiStampa = 0;
     QString ultimoTitoloSalvataggio;
     QString ultimoFiltroSalvataggio;
 

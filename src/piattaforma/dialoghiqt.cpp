@@ -4,6 +4,7 @@
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPrintDialog>
 #include <QPushButton>
 
 QWidget *DialoghiQt::genitore() const {
@@ -34,6 +35,11 @@ bool DialoghiQt::domanda(const QString &titolo, const QString &testo) {
 
 QString DialoghiQt::salvaFile(const QString &titolo, const QString &filtro) {
     return QFileDialog::getSaveFileName(genitore(), titolo, QString(), filtro);
+}
+
+bool DialoghiQt::dialogoStampa(QPrinter &stampante) {
+    QPrintDialog dialogo(&stampante, genitore());
+    return dialogo.exec() == QDialog::Accepted;
 }
 
 bool DialoghiQt::apriConDesktop(const QUrl &indirizzo) {

@@ -17,6 +17,7 @@ public:
     void critico(const QString &titolo, const QString &testo) override;
     bool domanda(const QString &titolo, const QString &testo) override;
     QString salvaFile(const QString &titolo, const QString &filtro) override;
+    bool dialogoStampa(QPrinter &stampante) override;
     bool apriConDesktop(const QUrl &indirizzo) override;
 
 private:

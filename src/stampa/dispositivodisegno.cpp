@@ -1,0 +1,13 @@
+#include "stampa/dispositivodisegno.h"
+
+#include "stampa/dispositivopittore.h"
+
+#include <QFontMetricsF>
+
+qreal DispositivoDisegno::larghezzaTesto(const QString &testo, const Carattere &carattere) const {
+    return QFontMetricsF(DispositivoPittore::font(carattere)).horizontalAdvance(testo);
+}
+
+qreal DispositivoDisegno::altezzaTesto(const Carattere &carattere) const {
+    return QFontMetricsF(DispositivoPittore::font(carattere)).height();
+}

@@ -1,0 +1,82 @@
+#include "stampa/dispositivopittore.h"
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPainter>
+
+DispositivoPittore::DispositivoPittore(QPainter &pittore, qreal scalaX, qreal scalaY, QSizeF pagina,
+                                       std::function<void()> nuovaPagina)
+    : m_pittore(pittore)
+    , m_pagina(pagina)
+    , m_nuovaPagina(std::move(nuovaPagina)) {
+    m_pittore.scale(scalaX, scalaY);
+    m_pittore.setRenderHint(QPainter::Antialiasing);
+    m_pittore.setRenderHint(QPainter::TextAntialiasing);
+}
+
+QFont DispositivoPittore::font(const Carattere &carattere) {
+    QFont f(carattere.nome);
+    // Names of the fonts the program has always asked for, on a system that has other ones.
+    f.setStyleHint(carattere.nome.contains(QLatin1StringView("Courier"), Qt::CaseInsensitive)
+                       ? QFont::Monospace
+                       : QFont::SansSerif);
+    f.setPixelSize(std::max(1, qRound(carattere.dimensione * 20)));
+    f.setBold(carattere.grassetto);
+    f.setHintingPreference(QFont::PreferNoHinting);
+    return f;
+}
+
+void DispositivoPittore::testo(QPointF posizione, const QString &testo, const Carattere &carattere,
+                               const QColor &colore) {
+    const QFont f = font(carattere);
+    m_pittore.setFont(f);
+    m_pittore.setPen(colore);
+    // The point is the top left of the text; QPainter places the baseline.
+    m_pittore.drawText(posizione + QPointF(0, QFontMetricsF(f).ascent()), testo);
+}
+
+void DispositivoPittore::testoInRettangolo(const QRectF &rettangolo, const QString &testo,
+                                           const Carattere &carattere, const QColor &colore,
+                                           Qt::Alignment allineamento, bool aCapo) {
+    m_pittore.save();
+    m_pittore.setClipRect(rettangolo, Qt::IntersectClip);
+    m_pittore.setFont(font(carattere));
+    m_pittore.setPen(colore);
+    m_pittore.drawText(rettangolo, int(allineamento) | (aCapo ? Qt::TextWordWrap : 0), testo);
+    m_pittore.restore();
+}
+
+void DispositivoPittore::linea(QPointF da, QPointF a, const QColor &colore) {
+    m_pittore.setPen(QPen(colore, 0));
+    m_pittore.drawLine(da, a);
+}
+
+void DispositivoPittore::rettangolo(const QRectF &r, const QColor &bordo,
+                                    const QColor &riempimento) {
+    m_pittore.setPen(bordo.isValid() ? QPen(bordo, 0) : QPen(Qt::NoPen));
+    m_pittore.setBrush(riempimento.isValid() ? QBrush(riempimento) : QBrush(Qt::NoBrush));
+    m_pittore.drawRect(r.normalized());
+    m_pittore.setBrush(Qt::NoBrush);
+}
+
+void DispositivoPittore::cerchio(QPointF centro, qreal raggio, const QColor &bordo,
+                                 const QColor &riempimento) {
+    m_pittore.setPen(bordo.isValid() ? QPen(bordo, 0) : QPen(Qt::NoPen));
+    m_pittore.setBrush(riempimento.isValid() ? QBrush(riempimento) : QBrush(Qt::NoBrush));
+    m_pittore.drawEllipse(centro, raggio, raggio);
+    m_pittore.setBrush(Qt::NoBrush);
+}
+
+void DispositivoPittore::immagine(const QRectF &rettangolo, const QString &file) {
+    const QImage figura(file);
+    if (!figura.isNull())
+        m_pittore.drawImage(rettangolo, figura);
+}
+
+void DispositivoPittore::nuovaPagina() {
+    if (m_nuovaPagina)
+        m_nuovaPagina();
+}
+
+void DispositivoPittore::fineDocumento() {}

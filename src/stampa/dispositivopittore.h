@@ -1,0 +1,43 @@
+#pragma once
+
+#include "stampa/dispositivodisegno.h"
+
+#include <QFont>
+
+#include <functional>
+
+class QPainter;
+
+// Draws on a QPainter: a printer, a PDF file, a picture, the preview's sheet. The painter is
+// scaled so that one unit is one twip; fonts are sized in twips too, so a text keeps its size
+// on every device and at every zoom.
+class DispositivoPittore : public DispositivoDisegno {
+public:
+    // `pittore` is scaled here (`scala` device units for a twip) and kept as it is; the page has
+    // the given size in twips. `nuovaPagina` calls the caller's function, if any (a printer).
+    DispositivoPittore(QPainter &pittore, qreal scalaX, qreal scalaY, QSizeF pagina,
+                       std::function<void()> nuovaPagina = {});
+
+    void testo(QPointF posizione, const QString &testo, const Carattere &carattere,
+               const QColor &colore) override;
+    void testoInRettangolo(const QRectF &rettangolo, const QString &testo,
+                           const Carattere &carattere, const QColor &colore,
+                           Qt::Alignment allineamento, bool aCapo) override;
+    void linea(QPointF da, QPointF a, const QColor &colore) override;
+    void rettangolo(const QRectF &rettangolo, const QColor &bordo,
+                    const QColor &riempimento) override;
+    void cerchio(QPointF centro, qreal raggio, const QColor &bordo,
+                 const QColor &riempimento) override;
+    void immagine(const QRectF &rettangolo, const QString &file) override;
+    void nuovaPagina() override;
+    void fineDocumento() override;
+    QSizeF dimensionePagina() const override { return m_pagina; }
+
+    // The font of a Carattere, sized in twips (a point is 20 twips).
+    static QFont font(const Carattere &carattere);
+
+private:
+    QPainter &m_pittore;
+    QSizeF m_pagina;
+    std::function<void()> m_nuovaPagina;
+};
