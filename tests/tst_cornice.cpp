@@ -269,12 +269,13 @@ void TstCornice::didascalieDelMenu() {
 void TstCornice::vociAbilitate_data() {
     QTest::addColumn<QString>("nome");
     QTest::addColumn<bool>("abilitata");
-    for (const char *nome : {"mnuPannelloSegni", "mnuAnalisi9", "mnuCredits", "mnuGuida", "mnuEsci",
-                             "TB(4)", "TB(9)", "TB(10)"})
+    for (const char *nome :
+         {"mnuPannelloSegni", "mnuAnalisi9", "mnuInserisci", "mnuModifica", "mnuArchivio",
+          "mnuCredits", "mnuGuida", "mnuEsci", "TB(1)", "TB(4)", "TB(9)", "TB(10)"})
         QTest::newRow(nome) << QString::fromUtf8(nome) << true;
     // Screens still to be built: present and disabled.
-    for (const char *nome : {"mnuInserisci", "mnuModifica", "mnuArchivio", "mnuComunicazioni",
-                             "mnuSerieA", "TB(1)", "TB(7)", "TB(8)"})
+    for (const char *nome :
+         {"mnuComunicazioni", "mnuSerieA", "mnuQuote", "mnuStatSegni", "TB(2)", "TB(7)", "TB(8)"})
         QTest::newRow(nome) << QString::fromUtf8(nome) << false;
 }
 

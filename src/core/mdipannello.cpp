@@ -4,6 +4,7 @@
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
+#include "stampa/frmmenugriglie.h"
 
 #include <QAction>
 #include <QApplication>
@@ -502,6 +503,12 @@ void MdiPannello::aggiornaCruscotto() {
         Colonna::lineaConcorso(r[ArchivioColonne::Stagione], r[ArchivioColonne::Concorso]));
     m_lblDati9->setText(Colonna::lineaNove(r[ArchivioColonne::ColonnaCampo]));
     m_lblDati->setText(Colonna::lineaQuattordici(campi));
+}
+
+void MdiPannello::apriMenuGriglie(QPoint globale) {
+    if (!m_menuGriglie)
+        m_menuGriglie = new FrmMenuGriglie(m_stato, this);
+    m_menuGriglie->apri(globale);
 }
 
 void MdiPannello::avviaIndicatore() {

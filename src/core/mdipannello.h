@@ -17,6 +17,7 @@ class QMdiSubWindow;
 class QPushButton;
 class QTimer;
 class StatoProgramma;
+class FrmMenuGriglie;
 
 // The frame of the program: menu, toolbar, the dashboard of the last winning column and the area
 // of the screens, of which it is the registry.
@@ -51,6 +52,8 @@ public:
 
     // AggStatusBar: the four dashboard labels from the last archive row.
     void aggiornaCruscotto() override;
+    void apriMenuGriglie(QPoint globale) override;
+    QWidget *finestra() override { return this; }
 
     // The message indicator: the animation of new messages, and the rest picture.
     void avviaIndicatore();
@@ -81,6 +84,7 @@ private:
     QMdiSubWindow *sottofinestra(const QString &nome) const;
 
     StatoProgramma &m_stato;
+    FrmMenuGriglie *m_menuGriglie = nullptr;
     QMdiArea *m_area = nullptr;
     QLabel *m_lblColonna = nullptr;
     QLabel *m_lblData = nullptr;

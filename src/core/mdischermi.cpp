@@ -2,7 +2,13 @@
 
 #include "analisi/frmcolonne9.h"
 #include "analisi/frmpannellosegni.h"
+#include "core/frmarchivio.h"
+#include "core/frmattendere.h"
+#include "core/frmgestione.h"
+#include "core/frminserisci.h"
 #include "core/mdipannello.h"
+
+#include <QApplication>
 
 using namespace Qt::StringLiterals;
 
@@ -12,5 +18,22 @@ void registraSchermi(MdiPannello &pannello) {
     });
     pannello.registraSchermo(u"frmColonne9"_s, [](StatoProgramma &stato, MdiPannello &) {
         return new FrmColonne9(stato);
+    });
+    pannello.registraSchermo(u"frmInserisci"_s, [](StatoProgramma &stato, MdiPannello &) {
+        return new FrmInserisci(stato);
+    });
+    pannello.registraSchermo(u"frmGestione"_s, [](StatoProgramma &stato, MdiPannello &) {
+        return new FrmGestione(stato);
+    });
+    pannello.registraSchermo(u"frmArchivio"_s, [](StatoProgramma &stato, MdiPannello &) {
+        return new FrmArchivio(stato);
+    });
+    // Opening the edit screen reads the whole table: the waiting box covers it.
+    pannello.registraAzione(u"mnuModifica"_s, [&pannello] {
+        FrmAttendere attesa(&pannello);
+        attesa.show();
+        QApplication::processEvents();
+        pannello.mostraSchermo(u"frmGestione"_s);
+        attesa.close();
     });
 }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QPoint>
 #include <QString>
+
+class QWidget;
 
 // What the screens ask of the frame that owns them: the registry of open screens.
 class RegistroSchermi {
@@ -12,6 +15,11 @@ public:
     virtual void mostraSchermo(const QString &nome) = 0;
     // Refreshes the dashboard from the last archive row (AggStatusBar).
     virtual void aggiornaCruscotto() = 0;
+    // Opens the pop-up menu of the export (frmMenuGriglie) at that point of the screen, once a
+    // screen has handed its grid to the export.
+    virtual void apriMenuGriglie(QPoint globale) = 0;
+    // The window the prints and previews of the screens belong to.
+    virtual QWidget *finestra() = 0;
 };
 
 // After a writer changed the archive: no screen may keep figures of the old one, so all are

@@ -1,0 +1,123 @@
+#include "core/frmarchivio.h"
+
+#include "core/scritturearchivio.h"
+#include "core/statoprogramma.h"
+#include "piattaforma/dialoghi.h"
+#include "piattaforma/griglia.h"
+#include "piattaforma/guardia.h"
+#include "piattaforma/vistagriglia.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScopeGuard>
+#include <QStyle>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Intestazione {
+    const char *testo;
+    int larghezza; // twips
+};
+
+constexpr Intestazione Intestazioni[FrmArchivio::Colonne] = {
+    {"Anno", 700}, {"Num.", 600},    {"Colonna", 1900}, {"1", 450},       {"X", 450},
+    {"2", 450},    {"Interr.", 750}, {"Simm.", 700},    {"Parall.", 750},
+};
+
+} // namespace
+
+FrmArchivio::FrmArchivio(StatoProgramma &stato, QWidget *genitore)
+    : QWidget(genitore)
+    , m_stato(stato)
+    , m_griglia(new Griglia(1, Colonne, this)) {
+    setObjectName(u"frmArchivio"_s);
+    setWindowTitle(QString::fromUtf8(Titolo));
+
+    m_griglia->setRigheFisse(1);
+    for (int c = 0; c < Colonne; ++c)
+        m_griglia->setLarghezzaColonna(c, Intestazioni[c].larghezza);
+    // The counts of "1", "X" and "2".
+    for (int c = 3; c <= 5; ++c)
+        m_griglia->setAllineamentoColonna(c, Griglia::Allineamento::CentroCentro);
+    riempi();
+
+    m_vista = new VistaGriglia(this);
+    m_vista->setObjectName(u"Griglia"_s);
+    m_vista->setGriglia(m_griglia);
+    int larghezza = 0;
+    for (int c = 0; c < Colonne; ++c)
+        larghezza += Griglia::twipsInPixel(m_griglia->larghezzaColonna(c));
+    m_vista->setFixedWidth(larghezza + 2 * m_vista->frameWidth() +
+                           style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2);
+    m_vista->setMinimumHeight(420);
+
+    auto *label1 = new QLabel(u"Colonne vincenti"_s, this);
+    label1->setObjectName(u"Label1"_s);
+    QFont f = label1->font();
+    f.setBold(true);
+    f.setPointSizeF(f.pointSizeF() * 1.2);
+    label1->setFont(f);
+    label1->setStyleSheet(u"color: #1d3f72;"_s);
+
+    // Printing and the export of the grid come with the printing services.
+    auto *imgStampa = new QPushButton(style()->standardIcon(QStyle::SP_FileDialogDetailedView),
+                                      u"Stampa"_s, this);
+    imgStampa->setObjectName(u"imgStampa"_s);
+    imgStampa->setToolTip(u"Stampa"_s);
+    auto *command1 = new QPushButton(u"carica database"_s, this);
+    command1->setObjectName(u"Command1"_s);
+    auto *command2 = new QPushButton(u"Crea HTM"_s, this);
+    command2->setObjectName(u"Command2"_s);
+    connect(command1, &QPushButton::clicked, this, &FrmArchivio::caricaDatabase);
+    connect(command2, &QPushButton::clicked, this, &FrmArchivio::creaHtm);
+
+    auto *pulsanti = new QHBoxLayout;
+    pulsanti->addWidget(imgStampa);
+    pulsanti->addStretch();
+    pulsanti->addWidget(command1);
+    pulsanti->addWidget(command2);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(8, 8, 8, 8);
+    layout->addWidget(label1);
+    layout->addWidget(m_vista, 1);
+    layout->addLayout(pulsanti);
+}
+
+FrmArchivio::~FrmArchivio() = default;
+
+void FrmArchivio::riempi() {
+    const ArchivioColonne &archivio = m_stato.ColonneArchivio;
+    const auto blocco = m_griglia->inBlocco();
+    m_griglia->setRighe(archivio.numero() + 1);
+    for (int c = 0; c < Colonne; ++c)
+        m_griglia->setTesto(0, c, QString::fromUtf8(Intestazioni[c].testo));
+    for (int i = 0; i < archivio.numero(); ++i) {
+        const RigaArchivio &r = archivio.riga(i);
+        for (int c = 0; c < Colonne; ++c)
+            m_griglia->setTesto(i + 1, c, r[c]);
+    }
+}
+
+void FrmArchivio::caricaDatabase() {
+    eseguiProtetto(m_stato.dialoghi(), [&] {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        const auto cursore = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
+        ScrittureArchivio::ricaricaTabella(m_stato);
+    });
+}
+
+void FrmArchivio::creaHtm() {
+    eseguiProtetto(m_stato.dialoghi(), [&] {
+        const QString percorso =
+            m_stato.dialoghi().salvaFile(u"Crea HTM"_s, u"Pagina HTML (*.htm *.html)"_s);
+        if (percorso.isEmpty())
+            return;
+        ScrittureArchivio::scriviPaginaArchivio(percorso, m_stato.ColonneArchivio);
+    });
+}

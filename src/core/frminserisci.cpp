@@ -1,0 +1,166 @@
+#include "core/frminserisci.h"
+
+#include "core/colonna.h"
+#include "core/registroschermi.h"
+#include "core/scritturearchivio.h"
+#include "core/statoprogramma.h"
+#include "piattaforma/dialoghi.h"
+#include "piattaforma/guardia.h"
+#include "piattaforma/tabellaarchivio.h"
+
+#include <QDate>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStyle>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString annoCorrente() {
+    return QString::number(QDate::currentDate().year());
+}
+
+QLabel *valore(const QString &nome, QWidget *genitore) {
+    auto *l = new QLabel(genitore);
+    l->setObjectName(nome);
+    QFont f = l->font();
+    f.setBold(true);
+    l->setFont(f);
+    return l;
+}
+
+} // namespace
+
+FrmInserisci::FrmInserisci(StatoProgramma &stato, QWidget *genitore)
+    : QWidget(genitore)
+    , m_stato(stato) {
+    setObjectName(u"frmInserisci"_s);
+    setWindowTitle(QString::fromUtf8(Titolo));
+
+    QFont mono(u"Liberation Mono"_s);
+    mono.setStyleHint(QFont::Monospace);
+
+    auto *ultima = new QGroupBox(u"Ultima colonna vincente inserita"_s, this);
+    m_lblStagione = valore(u"lblStagione"_s, ultima);
+    m_lblConcorso = valore(u"lblConcorso"_s, ultima);
+    m_lblCV = valore(u"lblCV"_s, ultima);
+    QFont fCV = mono;
+    fCV.setBold(true);
+    fCV.setPointSizeF(fCV.pointSizeF() * 1.3);
+    m_lblCV->setFont(fCV);
+    m_lblCV->setStyleSheet(u"color: #1d3f72;"_s);
+    auto *lu = new QGridLayout(ultima);
+    lu->addWidget(new QLabel(u"Stagione"_s, ultima), 0, 0);
+    lu->addWidget(m_lblStagione, 0, 1);
+    lu->addWidget(new QLabel(u"Concorso"_s, ultima), 0, 2);
+    lu->addWidget(m_lblConcorso, 0, 3);
+    lu->addWidget(m_lblCV, 1, 0, 1, 4, Qt::AlignCenter);
+    lu->setColumnStretch(1, 1);
+    lu->setColumnStretch(3, 1);
+
+    m_txtStagione = new QLineEdit(this);
+    m_txtStagione->setObjectName(u"txtStagione"_s);
+    m_txtConcorso = new QLineEdit(this);
+    m_txtConcorso->setObjectName(u"txtConcorso"_s);
+    for (QLineEdit *t : {m_txtStagione, m_txtConcorso})
+        t->setFixedWidth(70);
+    m_txtColonna = new QLineEdit(this);
+    m_txtColonna->setObjectName(u"txtColonna"_s);
+    m_txtColonna->setFont(mono);
+    m_txtColonna->setMinimumWidth(190);
+
+    auto *imgDownload = new QPushButton(this);
+    imgDownload->setObjectName(u"imgDownload"_s);
+    imgDownload->setIcon(style()->standardIcon(QStyle::SP_ArrowDown));
+    imgDownload->setToolTip(u"Preleva ultima colonna vincente da Internet,   se disponibile."_s);
+    // The download from the update site comes with the network services.
+    imgDownload->setEnabled(false);
+
+    auto *esempio = new QLabel(u"Es.: 1121X22122112X"_s, this);
+    esempio->setObjectName(u"lblEsempio"_s);
+    esempio->setStyleSheet(u"color: #555;"_s);
+
+    auto *campi = new QGridLayout;
+    campi->addWidget(new QLabel(u"Stagione"_s, this), 0, 0);
+    campi->addWidget(m_txtStagione, 0, 1, Qt::AlignLeft);
+    campi->addWidget(new QLabel(u"Concorso"_s, this), 1, 0);
+    campi->addWidget(m_txtConcorso, 1, 1, Qt::AlignLeft);
+    campi->addWidget(new QLabel(u"Colonna"_s, this), 2, 0);
+    campi->addWidget(m_txtColonna, 2, 1);
+    campi->addWidget(imgDownload, 2, 2);
+    campi->addWidget(esempio, 3, 1);
+
+    auto *cmdInserisci = new QPushButton(u"INSERISCI IN ARCHIVIO"_s, this);
+    cmdInserisci->setObjectName(u"cmdInserisci"_s);
+    cmdInserisci->setDefault(true);
+    auto *command1 = new QPushButton(u"ANNULLA"_s, this);
+    command1->setObjectName(u"Command1"_s);
+    connect(cmdInserisci, &QPushButton::clicked, this, &FrmInserisci::inserisci);
+    connect(command1, &QPushButton::clicked, this, &QWidget::close);
+    auto *pulsanti = new QHBoxLayout;
+    pulsanti->addWidget(cmdInserisci);
+    pulsanti->addWidget(command1);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(10, 10, 10, 10);
+    layout->addWidget(ultima);
+    layout->addSpacing(6);
+    layout->addLayout(campi);
+    layout->addSpacing(6);
+    layout->addLayout(pulsanti);
+
+    carica();
+    m_txtColonna->setFocus();
+}
+
+FrmInserisci::~FrmInserisci() = default;
+
+void FrmInserisci::carica() {
+    TabellaArchivio &tabella = m_stato.tabellaArchivio();
+    tabella.ultimo();
+    if (!tabella.inizio())
+        m_lblCV->setText(
+            Colonna::colonnaRaggruppata(tabella.corrente()[ArchivioColonne::ColonnaCampo]));
+    m_txtStagione->setText(annoCorrente());
+    const RigaArchivio &ultima = m_stato.ColonneArchivio.ultima();
+    m_lblStagione->setText(ultima[ArchivioColonne::Stagione]);
+    m_lblConcorso->setText(ultima[ArchivioColonne::Concorso]);
+    // The next contest is proposed, also across the turn of the year.
+    m_txtConcorso->setText(
+        QString::number(ScrittureArchivio::numero(ultima[ArchivioColonne::Concorso]) + 1));
+}
+
+void FrmInserisci::inserisci() {
+    eseguiProtetto(m_stato.dialoghi(), [&] {
+        Dialoghi &dialoghi = m_stato.dialoghi();
+        const QString titolo = Dialoghi::titoloApplicazione();
+        m_txtColonna->setText(m_txtColonna->text().toUpper());
+        const QString colonna = m_txtColonna->text();
+        if (!ScrittureArchivio::colonnaValida(colonna)) {
+            dialoghi.informazione(titolo, u"Inserire una colonna valida per il Totocalcio."_s);
+            return;
+        }
+        if (m_txtStagione->text() != annoCorrente() &&
+            !dialoghi.domanda(
+                titolo, u"Stai inserendo una data diversa dalla stagione corrente. Procedere?"_s))
+            return;
+        const QString ultimoConcorso = m_stato.ColonneArchivio.ultima()[ArchivioColonne::Concorso];
+        if (ScrittureArchivio::numero(ultimoConcorso) >
+                ScrittureArchivio::numero(m_txtConcorso->text()) &&
+            !dialoghi.domanda(titolo, u"Stai inserendo un numero di concorso minore di quello "
+                                      "dell'ultimo inserito. Procedere?"_s))
+            return;
+        ScrittureArchivio::inserisci(m_stato, m_txtStagione->text(), m_txtConcorso->text(),
+                                     colonna);
+        // This screen closes here too: only the box is left to show.
+        if (RegistroSchermi *registro = m_stato.registro())
+            riapriDopoModificaArchivio(*registro, true);
+        dialoghi.informazione(titolo, u"Inserimento effettuato."_s);
+    });
+}

@@ -1,0 +1,600 @@
+// The export of grids to Excel: the hand-over of a grid, the layout of the workbook read back cell
+// by cell with openpyxl, the capacity of the table, the save dialog and the pop-up of the grids.
+#include "supporto/ambienteprova.h"
+
+#include "core/statoprogramma.h"
+#include "piattaforma/dialoghiprova.h"
+#include "piattaforma/erroreesecuzione.h"
+#include "piattaforma/griglia.h"
+#include "piattaforma/impostazioni.h"
+#include "piattaforma/schermo.h"
+#include "stampa/esportazioneexcel.h"
+#include "stampa/frmmenugriglie.h"
+
+#include <QAction>
+#include <QDate>
+#include <QDir>
+#include <QFile>
+#include <QMap>
+#include <QMenu>
+#include <QPointer>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+using Preparazione = std::function<void(StatoProgramma &)>;
+Q_DECLARE_METATYPE(Preparazione)
+
+namespace {
+
+// A program state on a temporary folder; workbooks go to the folder "uscita" in it.
+struct Banco {
+    QTemporaryDir dir;
+    DialoghiProva d;
+    Impostazioni i{dir.filePath(u"i.ini"_s)};
+    Schermo s;
+    StatoProgramma stato{d, i, s};
+
+    Banco() { QDir(dir.path()).mkdir(u"uscita"_s); }
+    QString uscita(const QString &nome) const { return dir.filePath(u"uscita/"_s + nome); }
+    QStringList fileInUscita() const {
+        return QDir(dir.filePath(u"uscita"_s))
+            .entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    }
+};
+
+// The cells of the first worksheet as openpyxl reads them: value and type ('s' text, 'n' number).
+struct Lettura {
+    QMap<QString, QString> valori;
+    QMap<QString, QString> tipi;
+};
+
+// The python3 that has openpyxl: the one on the PATH, else the system's (a PATH may put a
+// private Python first, without the Debian modules). Empty when there is none.
+QString interprete() {
+    static const QString trovato = [] {
+        QStringList candidati = {QStandardPaths::findExecutable(u"python3"_s),
+                                 u"/usr/bin/python3"_s};
+        candidati.removeAll(QString());
+        candidati.removeDuplicates();
+        for (const QString &python : std::as_const(candidati)) {
+            QProcess p;
+            p.start(python, {u"-c"_s, u"import openpyxl"_s});
+            if (p.waitForFinished(60000) && p.exitStatus() == QProcess::NormalExit &&
+                p.exitCode() == 0)
+                return python;
+        }
+        return QString();
+    }();
+    return trovato;
+}
+
+bool lettoreDisponibile() {
+    return !interprete().isEmpty();
+}
+
+#define RICHIEDE_LETTORE()                                                                         \
+    do {                                                                                           \
+        if (!lettoreDisponibile())                                                                 \
+            QSKIP("python3 con openpyxl non disponibile");                                         \
+    } while (false)
+
+std::optional<Lettura> leggi(const QString &file) {
+    QProcess p;
+    p.start(interprete(), {AmbienteProva::datiProva() + u"/leggi_xlsx.py"_s, u"--tipi"_s, file});
+    if (!p.waitForFinished(120000) || p.exitStatus() != QProcess::NormalExit || p.exitCode() != 0) {
+        qWarning("leggi_xlsx.py: %s", p.readAllStandardError().constData());
+        return std::nullopt;
+    }
+    Lettura l;
+    const QStringList righe = QString::fromUtf8(p.readAllStandardOutput()).split(u'\n');
+    for (const QString &riga : righe) {
+        if (riga.isEmpty())
+            continue;
+        const qsizetype t1 = riga.indexOf(u'\t');
+        const qsizetype t2 = riga.indexOf(u'\t', t1 + 1);
+        if (t1 < 0 || t2 < 0)
+            return std::nullopt;
+        const QString cella = riga.left(t1);
+        l.tipi.insert(cella, riga.mid(t1 + 1, t2 - t1 - 1));
+        l.valori.insert(cella, riga.mid(t2 + 1));
+    }
+    return l;
+}
+
+// The letters of a sheet column, 0 being A.
+QString lettere(int c) {
+    QString s;
+    for (++c; c > 0; c = (c - 1) / 26)
+        s.prepend(QChar(u'A' + (c - 1) % 26));
+    return s;
+}
+
+std::unique_ptr<Griglia> griglia(const QList<QStringList> &righe) {
+    auto g = std::make_unique<Griglia>(int(righe.size()),
+                                       righe.isEmpty() ? 0 : int(righe.first().size()));
+    for (int r = 0; r < righe.size(); ++r)
+        for (int c = 0; c < righe.at(r).size(); ++c)
+            g->setTesto(r, c, righe.at(r).at(c));
+    return g;
+}
+
+QList<QStringList> testi(const Griglia &g) {
+    QList<QStringList> t;
+    for (int r = 0; r < g.righe(); ++r) {
+        QStringList riga;
+        for (int c = 0; c < g.colonne(); ++c)
+            riga.append(g.testo(r, c));
+        t.append(riga);
+    }
+    return t;
+}
+
+// A source grid of `righe` rows and `colonne` columns whose cells say where they are.
+void preparaCelleNumerate(StatoProgramma &stato, int righe, int colonne) {
+    Griglia g(righe, colonne);
+    for (int r = 0; r < righe; ++r)
+        for (int c = 0; c < colonne; ++c)
+            g.setTesto(r, c, u"r%1c%2"_s.arg(r).arg(c));
+    EsportazioneExcel::prepara(stato, g, u"Prova"_s);
+}
+
+const QString titoloColonne9 = u"Le colonne del 9 da giocare, alla data 01/02/2024"_s;
+
+} // namespace
+
+class TestEsportazioneExcel : public QObject {
+    Q_OBJECT
+
+private slots:
+    void prepara();
+    void preparaLimiteColonne_data();
+    void preparaLimiteColonne();
+    void oggi();
+    void testoIntestazioni_data();
+    void testoIntestazioni();
+    void cartellaDiUnaTabella();
+    void corpoSecondoDimensioni_data();
+    void corpoSecondoDimensioni();
+    void capacitaTabella_data();
+    void capacitaTabella();
+    void fileNonScrivibile_data();
+    void fileNonScrivibile();
+    void esporta_data();
+    void esporta();
+    void esportaTroppeRigheNonChiedeIlNome();
+    void scriviCelle();
+    void menuGriglie();
+    void menuGriglieSegnalaIGuasti();
+    void menuGriglieDistrutto();
+};
+
+void TestEsportazioneExcel::prepara() {
+    Banco b;
+    // What a previous export left behind must go.
+    Griglia &nascosta = b.stato.GrigliaEsportazione();
+    nascosta.setColonne(6);
+    nascosta.setRighe(5);
+    for (int r = 0; r < 5; ++r)
+        for (int c = 0; c < 6; ++c)
+            nascosta.setTesto(r, c, u"vecchio"_s);
+    b.stato.IntestazioniEsportazione = QStringList(300, u"vecchia"_s);
+
+    const auto sorgente = griglia({{u"Colonna"_s, u"Freq."_s, u"Rit."_s},
+                                   {u" 1X2"_s, u"12"_s, u""_s},
+                                   {u"X21"_s, u""_s, u"7"_s}});
+    EsportazioneExcel::prepara(b.stato, *sorgente, titoloColonne9);
+
+    QCOMPARE(nascosta.righe(), 3);
+    QCOMPARE(nascosta.colonne(), 3);
+    const QList<QStringList> attese = {
+        {u""_s, u""_s, u""_s}, {u" 1X2"_s, u"12"_s, u""_s}, {u"X21"_s, u""_s, u"7"_s}};
+    QCOMPARE(testi(nascosta), attese);
+    QCOMPARE(b.stato.TitoloEsportazione, titoloColonne9);
+    QCOMPARE(b.stato.IntestazioniEsportazione.size(), 244);
+    QCOMPARE(b.stato.IntestazioniEsportazione.mid(0, 3),
+             (QStringList{u"Colonna"_s, u"Freq."_s, u"Rit."_s}));
+    QCOMPARE(b.stato.IntestazioniEsportazione.mid(3), QStringList(241));
+    QCOMPARE(b.stato.RigheEsportazione, 2);
+    QCOMPARE(b.stato.ColonneEsportazione, 3);
+}
+
+void TestEsportazioneExcel::preparaLimiteColonne_data() {
+    QTest::addColumn<int>("colonne");
+    QTest::addColumn<bool>("accettata");
+    QTest::newRow("244 colonne") << 244 << true;
+    QTest::newRow("245 colonne") << 245 << false;
+}
+
+void TestEsportazioneExcel::preparaLimiteColonne() {
+    QFETCH(int, colonne);
+    QFETCH(bool, accettata);
+    Banco b;
+    preparaCelleNumerate(b.stato, 4, 2);
+    const QList<QStringList> grigliaPrima = testi(b.stato.GrigliaEsportazione());
+    const QStringList intestazioniPrima = b.stato.IntestazioniEsportazione;
+
+    Griglia g(2, colonne);
+    g.setTesto(0, colonne - 1, u"ultima"_s);
+    g.setTesto(1, colonne - 1, u"fine"_s);
+    bool guasto = false;
+    try {
+        EsportazioneExcel::prepara(b.stato, g, u"Larga"_s);
+    } catch (const ErroreEsecuzione &e) {
+        guasto = true;
+        QVERIFY2(e.testo().contains(u"244"_s), qPrintable(e.testo()));
+    }
+    QCOMPARE(guasto, !accettata);
+    if (accettata) {
+        QCOMPARE(b.stato.IntestazioniEsportazione.size(), 244);
+        QCOMPARE(b.stato.IntestazioniEsportazione.last(), u"ultima"_s);
+        QCOMPARE(b.stato.GrigliaEsportazione().testo(1, 243), u"fine"_s);
+        QCOMPARE(b.stato.ColonneEsportazione, 244);
+    } else {
+        // The fault leaves the previous export as it was.
+        QCOMPARE(testi(b.stato.GrigliaEsportazione()), grigliaPrima);
+        QCOMPARE(b.stato.IntestazioniEsportazione, intestazioniPrima);
+        QCOMPARE(b.stato.TitoloEsportazione, u"Prova"_s);
+        QCOMPARE(b.stato.RigheEsportazione, 3);
+        QCOMPARE(b.stato.ColonneEsportazione, 2);
+    }
+}
+
+void TestEsportazioneExcel::oggi() {
+    const QString testo = EsportazioneExcel::oggi();
+    QVERIFY2(QRegularExpression(u"^\\d\\d/\\d\\d/\\d{4}$"_s).match(testo).hasMatch(),
+             qPrintable(testo));
+    const QDate letta = QDate::fromString(testo, u"dd/MM/yyyy"_s);
+    // Around midnight the day may have turned between the two readings.
+    QVERIFY(letta == QDate::currentDate() || letta.addDays(1) == QDate::currentDate());
+}
+
+void TestEsportazioneExcel::testoIntestazioni_data() {
+    QTest::addColumn<QStringList>("intestazioni");
+    QTest::addColumn<QString>("atteso");
+
+    QStringList tre(244);
+    tre[0] = u"h1"_s;
+    tre[1] = u"h2"_s;
+    tre[2] = u"h3"_s;
+    // 244 texts have 243 commas between them; the last one is cut.
+    QTest::newRow("tre testi su 244") << tre << u"h1,h2,h3"_s + QString(240, u',');
+    QTest::newRow("lista di tre") << QStringList{u"h1"_s, u"h2"_s, u"h3"_s}
+                                  << u"h1,h2,h3"_s + QString(240, u',');
+    QTest::newRow("tutti vuoti") << QStringList(244) << QString(242, u',');
+    QTest::newRow("lista vuota") << QStringList() << QString(242, u',');
+    QStringList ultima(244);
+    ultima[243] = u"z"_s;
+    QTest::newRow("solo l'ultimo") << ultima << QString(242, u',') + u"z"_s;
+    QStringList lunga(250, u"a"_s);
+    QString attesa = QStringList(244, u"a"_s).join(u',');
+    attesa.remove(attesa.lastIndexOf(u','), 1);
+    QTest::newRow("oltre 244: contano i primi") << lunga << attesa;
+}
+
+void TestEsportazioneExcel::testoIntestazioni() {
+    QFETCH(QStringList, intestazioni);
+    QFETCH(QString, atteso);
+    const QString testo = EsportazioneExcel::testoIntestazioni(intestazioni);
+    QCOMPARE(testo, atteso);
+    QCOMPARE(testo.count(u','), 242);
+}
+
+void TestEsportazioneExcel::cartellaDiUnaTabella() {
+    RICHIEDE_LETTORE();
+    QCOMPARE(lettere(242), u"II"_s); // the last cell of the header range
+    Banco b;
+    const auto sorgente = griglia(
+        {{u"h1"_s, u"h2"_s, u"h3"_s}, {u"a"_s, u""_s, u" 12"_s}, {u"Lunedì"_s, u"007"_s, u"x"_s}});
+    EsportazioneExcel::prepara(b.stato, *sorgente, titoloColonne9);
+    const QString file = b.uscita(u"tabella.xlsx"_s);
+    EsportazioneExcel::scrivi(file, b.stato);
+    QCOMPARE(b.fileInUscita(), QStringList{u"tabella.xlsx"_s});
+
+    const std::optional<Lettura> l = leggi(file);
+    QVERIFY(l);
+    const QString intestazione = u"h1,h2,h3"_s + QString(240, u',');
+    QMap<QString, QString> attese;
+    attese.insert(u"A1"_s, u"Vespara - "_s + titoloColonne9);
+    for (int c = 0; c < 243; ++c)
+        attese.insert(lettere(c) + u"3"_s, intestazione);
+    attese.insert(u"A4"_s, u"a"_s);
+    attese.insert(u"C4"_s, u" 12"_s);
+    attese.insert(u"A5"_s, u"Lunedì"_s);
+    attese.insert(u"B5"_s, u"007"_s);
+    attese.insert(u"C5"_s, u"x"_s);
+    QCOMPARE(l->valori.value(u"A3"_s), intestazione);
+    QCOMPARE(l->valori.value(u"EX3"_s), intestazione);
+    QCOMPARE(l->valori.value(u"II3"_s), intestazione);
+    QVERIFY(!l->valori.contains(u"IJ3"_s));
+    QVERIFY(!l->valori.contains(u"B4"_s));
+    // Nothing more and nothing less, so empty cells stayed empty.
+    QCOMPARE(l->valori, attese);
+    // Texts that look like numbers stay texts.
+    QCOMPARE(l->tipi.value(u"C4"_s), u"s"_s);
+    QCOMPARE(l->tipi.value(u"B5"_s), u"s"_s);
+}
+
+void TestEsportazioneExcel::corpoSecondoDimensioni_data() {
+    QTest::addColumn<int>("righe");
+    QTest::addColumn<int>("colonne");
+    QTest::addColumn<QStringList>("corpo");
+
+    const QStringList tutto = {u"A4=r1c0"_s, u"B4=r1c1"_s, u"C4=r1c2"_s, u"A5=r2c0"_s, u"B5=r2c1"_s,
+                               u"C5=r2c2"_s, u"A6=r3c0"_s, u"B6=r3c1"_s, u"C6=r3c2"_s};
+    QTest::newRow("come la griglia") << 3 << 3 << tutto;
+    QTest::newRow("meno righe e colonne")
+        << 2 << 2 << QStringList{u"A4=r1c0"_s, u"B4=r1c1"_s, u"A5=r2c0"_s, u"B5=r2c1"_s};
+    QTest::newRow("oltre la griglia: vuote") << 5 << 4 << tutto;
+    QTest::newRow("nessuna riga") << 0 << 3 << QStringList();
+}
+
+void TestEsportazioneExcel::corpoSecondoDimensioni() {
+    RICHIEDE_LETTORE();
+    QFETCH(int, righe);
+    QFETCH(int, colonne);
+    QFETCH(QStringList, corpo);
+    Banco b;
+    preparaCelleNumerate(b.stato, 4, 3);
+    b.stato.RigheEsportazione = righe;
+    b.stato.ColonneEsportazione = colonne;
+    const QString file = b.uscita(u"corpo.xlsx"_s);
+    EsportazioneExcel::scrivi(file, b.stato);
+
+    const std::optional<Lettura> l = leggi(file);
+    QVERIFY(l);
+    QStringList letto;
+    for (auto i = l->valori.cbegin(); i != l->valori.cend(); ++i)
+        if (i.key() != u"A1"_s && !i.key().endsWith(u'3'))
+            letto.append(i.key() + u'=' + i.value());
+    letto.sort();
+    corpo.sort();
+    QCOMPARE(letto, corpo);
+}
+
+void TestEsportazioneExcel::capacitaTabella_data() {
+    QTest::addColumn<Preparazione>("preparazione");
+    QTest::addColumn<QString>("guasto"); // empty: written
+    QTest::addColumn<QString>("ultimaCella");
+
+    QTest::newRow("10000 righe") << Preparazione([](StatoProgramma &s) {
+        preparaCelleNumerate(s, 10001, 1);
+    }) << QString() << u"A10003=r10000c0"_s;
+    QTest::newRow("10001 righe") << Preparazione([](StatoProgramma &s) {
+        preparaCelleNumerate(s, 10002, 1);
+    }) << u"più di 10000 righe"_s << QString();
+    QTest::newRow("griglia di 245 colonne") << Preparazione([](StatoProgramma &s) {
+        preparaCelleNumerate(s, 3, 2);
+        s.GrigliaEsportazione().setColonne(245);
+    }) << u"più di 244 colonne"_s << QString();
+    QTest::newRow("righe dichiarate oltre 10000") << Preparazione([](StatoProgramma &s) {
+        preparaCelleNumerate(s, 3, 2);
+        s.RigheEsportazione = 10001;
+    }) << u"non valide"_s << QString();
+    QTest::newRow("colonne dichiarate oltre 244") << Preparazione([](StatoProgramma &s) {
+        preparaCelleNumerate(s, 3, 2);
+        s.ColonneEsportazione = 245;
+    }) << u"non valide"_s << QString();
+    QTest::newRow("righe negative") << Preparazione([](StatoProgramma &s) {
+        preparaCelleNumerate(s, 3, 2);
+        s.RigheEsportazione = -1;
+    }) << u"non valide"_s << QString();
+}
+
+void TestEsportazioneExcel::capacitaTabella() {
+    QFETCH(Preparazione, preparazione);
+    QFETCH(QString, guasto);
+    QFETCH(QString, ultimaCella);
+    Banco b;
+    preparazione(b.stato);
+    const QString file = b.uscita(u"grande.xlsx"_s);
+    QString testo;
+    try {
+        EsportazioneExcel::scrivi(file, b.stato);
+    } catch (const ErroreEsecuzione &e) {
+        testo = e.testo();
+    }
+    if (!guasto.isEmpty()) {
+        QVERIFY2(testo.contains(guasto), qPrintable(testo));
+        QCOMPARE(b.fileInUscita(), QStringList());
+        return;
+    }
+    QCOMPARE(testo, QString());
+    QCOMPARE(b.fileInUscita(), QStringList{u"grande.xlsx"_s});
+    if (!lettoreDisponibile())
+        return;
+    const std::optional<Lettura> l = leggi(file);
+    QVERIFY(l);
+    const qsizetype uguale = ultimaCella.indexOf(u'=');
+    QCOMPARE(l->valori.value(ultimaCella.left(uguale)), ultimaCella.mid(uguale + 1));
+    QCOMPARE(l->valori.size(), 1 + 243 + 10000);
+}
+
+void TestEsportazioneExcel::fileNonScrivibile_data() {
+    QTest::addColumn<QString>("nome");
+    QTest::addColumn<QList<QStringList>>("righe");
+    QTest::addColumn<QString>("guasto");
+
+    QTest::newRow("cartella inesistente")
+        << u"manca/prova.xlsx"_s << QList<QStringList>{{u"a"_s}} << u"Impossibile creare"_s;
+    QTest::newRow("testo troppo lungo per una cella")
+        << u"lungo.xlsx"_s << QList<QStringList>{{u"a"_s, QString(40000, u'x')}} << u"32767"_s;
+    QTest::newRow("oltre l'ultima colonna di un foglio")
+        << u"largo.xlsx"_s << QList<QStringList>{QStringList(16385, u"a"_s)}
+        << u"dimensioni di un foglio"_s;
+}
+
+void TestEsportazioneExcel::fileNonScrivibile() {
+    QFETCH(QString, nome);
+    QFETCH(QList<QStringList>, righe);
+    QFETCH(QString, guasto);
+    Banco b;
+    const QString file = b.uscita(nome);
+    QString testo;
+    try {
+        EsportazioneExcel::scriviCelle(file, righe);
+    } catch (const ErroreEsecuzione &e) {
+        testo = e.testo();
+    }
+    QVERIFY2(testo.contains(guasto), qPrintable(testo));
+    QVERIFY2(testo.contains(QDir::toNativeSeparators(file)), qPrintable(testo));
+    QVERIFY(!QFile::exists(file));
+    QCOMPARE(b.fileInUscita(), QStringList());
+}
+
+void TestEsportazioneExcel::esporta_data() {
+    QTest::addColumn<QString>("nome"); // empty: the dialog is cancelled
+    QTest::addColumn<QStringList>("scritti");
+
+    QTest::newRow("annullato") << QString() << QStringList();
+    QTest::newRow("senza estensione") << u"prova"_s << QStringList{u"prova.xlsx"_s};
+    QTest::newRow("con il punto finale") << u"prova."_s << QStringList{u"prova.xlsx"_s};
+    QTest::newRow("con estensione") << u"prova.xlsx"_s << QStringList{u"prova.xlsx"_s};
+    QTest::newRow("con un'altra estensione") << u"prova.dati"_s << QStringList{u"prova.dati"_s};
+}
+
+void TestEsportazioneExcel::esporta() {
+    QFETCH(QString, nome);
+    QFETCH(QStringList, scritti);
+    Banco b;
+    EsportazioneExcel::prepara(b.stato,
+                               *griglia({{u"Squadra"_s, u"Punti"_s}, {u"Roma"_s, u"40"_s}}),
+                               u"Classifica, alla data 03/04/2024"_s);
+    if (!nome.isEmpty())
+        b.d.fileDaSalvare.enqueue(b.uscita(nome));
+    EsportazioneExcel::esporta(b.stato);
+
+    QCOMPARE(b.d.ultimoTitoloSalvataggio, u"Specifica il nome del file..."_s);
+    QCOMPARE(b.d.ultimoFiltroSalvataggio, u"Cartella di lavoro Excel (*.xlsx)"_s);
+    QCOMPARE(b.fileInUscita(), scritti);
+    QVERIFY(b.d.boxes.isEmpty());
+    if (scritti.isEmpty() || !lettoreDisponibile())
+        return;
+    const std::optional<Lettura> l = leggi(b.uscita(scritti.first()));
+    QVERIFY(l);
+    QCOMPARE(l->valori.value(u"A1"_s), u"Vespara - Classifica, alla data 03/04/2024"_s);
+    QCOMPARE(l->valori.value(u"A4"_s), u"Roma"_s);
+    QCOMPARE(l->valori.value(u"B4"_s), u"40"_s);
+}
+
+void TestEsportazioneExcel::esportaTroppeRigheNonChiedeIlNome() {
+    Banco b;
+    preparaCelleNumerate(b.stato, 10002, 1);
+    b.d.fileDaSalvare.enqueue(b.uscita(u"grande.xlsx"_s));
+    QVERIFY_THROWS_EXCEPTION(ErroreEsecuzione, EsportazioneExcel::esporta(b.stato));
+    QCOMPARE(b.d.ultimoTitoloSalvataggio, QString());
+    QCOMPARE(b.d.fileDaSalvare.size(), 1);
+    QCOMPARE(b.fileInUscita(), QStringList());
+}
+
+void TestEsportazioneExcel::scriviCelle() {
+    RICHIEDE_LETTORE();
+    Banco b;
+    const QString file = b.uscita(u"anteprima.xlsx"_s);
+    EsportazioneExcel::scriviCelle(file, {{u"Colonna"_s, u"Freq."_s, u"Rit."_s},
+                                          {},
+                                          {u""_s, u" 0"_s, u""_s, u"fine"_s},
+                                          {u"1X2 1X2 1X2"_s}});
+    const std::optional<Lettura> l = leggi(file);
+    QVERIFY(l);
+    QMap<QString, QString> attese;
+    attese.insert(u"A1"_s, u"Colonna"_s);
+    attese.insert(u"B1"_s, u"Freq."_s);
+    attese.insert(u"C1"_s, u"Rit."_s);
+    attese.insert(u"B3"_s, u" 0"_s);
+    attese.insert(u"D3"_s, u"fine"_s);
+    attese.insert(u"A4"_s, u"1X2 1X2 1X2"_s);
+    QCOMPARE(l->valori, attese);
+    QCOMPARE(l->tipi.value(u"B3"_s), u"s"_s);
+}
+
+void TestEsportazioneExcel::menuGriglie() {
+    Banco b;
+    QWidget schermata;
+    schermata.setObjectName(u"frmProva"_s);
+    new FrmMenuGriglie(b.stato, &schermata);
+
+    QMenu *menu = schermata.findChild<QMenu *>(u"frmMenuGriglie"_s);
+    QVERIFY(menu);
+    QCOMPARE(menu->actions().size(), 1);
+    QAction *voce = menu->actions().first();
+    QCOMPARE(voce->objectName(), u"mnuExcel"_s);
+    QCOMPARE(voce->text(), u"Esporta in file Excel"_s);
+
+    EsportazioneExcel::prepara(b.stato, *griglia({{u"Colonna"_s, u"Freq."_s}, {u"1X2"_s, u"3"_s}}),
+                               u"Le colonne del 9 da giocare, alla data 05/06/2024"_s);
+    auto *frm = schermata.findChild<FrmMenuGriglie *>();
+    QVERIFY(frm);
+    frm->apri(QPoint(100, 100));
+    QTRY_VERIFY(menu->isVisible());
+
+    // Cancelled: nothing written.
+    voce->trigger();
+    QCOMPARE(b.d.ultimoTitoloSalvataggio, u"Specifica il nome del file..."_s);
+    QCOMPARE(b.fileInUscita(), QStringList());
+
+    b.d.fileDaSalvare.enqueue(b.uscita(u"colonne"_s));
+    voce->trigger();
+    QCOMPARE(b.fileInUscita(), QStringList{u"colonne.xlsx"_s});
+    QVERIFY(b.d.boxes.isEmpty());
+    menu->hide();
+    if (!lettoreDisponibile())
+        return;
+    const std::optional<Lettura> l = leggi(b.uscita(u"colonne.xlsx"_s));
+    QVERIFY(l);
+    QCOMPARE(l->valori.value(u"A1"_s),
+             u"Vespara - Le colonne del 9 da giocare, alla data 05/06/2024"_s);
+    QCOMPARE(l->valori.value(u"A4"_s), u"1X2"_s);
+    QCOMPARE(l->valori.value(u"B4"_s), u"3"_s);
+}
+
+void TestEsportazioneExcel::menuGriglieSegnalaIGuasti() {
+    Banco b;
+    QWidget schermata;
+    FrmMenuGriglie frm(b.stato, &schermata);
+    preparaCelleNumerate(b.stato, 3, 2);
+    const QString file = b.uscita(u"manca/prova.xlsx"_s);
+    b.d.fileDaSalvare.enqueue(file);
+    frm.mnuExcel()->trigger();
+    QCOMPARE(b.d.boxes.size(), 1);
+    QCOMPARE(b.d.boxes.first().tipo, Dialoghi::Tipo::Critico);
+    QVERIFY2(b.d.boxes.first().testo.contains(QDir::toNativeSeparators(file)),
+             qPrintable(b.d.boxes.first().testo));
+    QCOMPARE(b.fileInUscita(), QStringList());
+}
+
+void TestEsportazioneExcel::menuGriglieDistrutto() {
+    Banco b;
+    {
+        // The pop-up goes with its owner, whether the owner goes first or the screen does.
+        QWidget schermata;
+        auto *frm = new FrmMenuGriglie(b.stato, &schermata);
+        QPointer<QMenu> menu = frm->menu();
+        delete frm;
+        QVERIFY(menu.isNull());
+    }
+    auto *schermata = new QWidget;
+    QPointer<FrmMenuGriglie> frm = new FrmMenuGriglie(b.stato, schermata);
+    QPointer<QMenu> menu = frm->menu();
+    delete schermata;
+    QVERIFY(frm.isNull());
+    QVERIFY(menu.isNull());
+    // Without a screen the pop-up is its own.
+    {
+        FrmMenuGriglie solo(b.stato, nullptr);
+        menu = solo.menu();
+        QVERIFY(!menu.isNull());
+    }
+    QVERIFY(menu.isNull());
+}
+
+QTEST_MAIN(TestEsportazioneExcel)
+#include "tst_esportazioneexcel.moc"
