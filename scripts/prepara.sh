@@ -2,7 +2,8 @@
 # Installs the Debian packages that Vespara needs to build, test and run, if any is missing.
 set -euo pipefail
 PACCHETTI=(g++ cmake ninja-build pkg-config qt6-base-dev libqt6sql6-sqlite libxlsxwriter-dev
-    qt6-translations-l10n libbenchmark-dev fonts-liberation2 xvfb xauth python3-openpyxl)
+    qt6-translations-l10n libbenchmark-dev fonts-liberation2 xvfb xauth python3-openpyxl
+    poppler-utils)
 mancanti=()
 for p in "${PACCHETTI[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || mancanti+=("$p")

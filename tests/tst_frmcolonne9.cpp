@@ -93,7 +93,7 @@ void TstFrmColonne9::aperturaEInizializzazione() {
     QCOMPARE(b.tot(), u"0"_s);
     QVERIFY(!b.w<QPushButton>(u"cmdOk"_s)->isEnabled());
     QVERIFY(!b.w<QPushButton>(u"cmdPrec"_s)->isEnabled());
-    QVERIFY(!b.w<QPushButton>(u"imgStampa"_s)->isEnabled());
+    QVERIFY(!b.w<QPushButton>(u"imgStampaSchedine"_s)->isEnabled());
     for (const QString &nome : {u"cmb1"_s, u"cmbCasella"_s, u"cmbConsX"_s, u"cmbPres2"_s})
         QCOMPARE(b.w<QComboBox>(nome)->currentText(), u"?"_s);
 

@@ -1,18 +1,24 @@
 #include "analisi/frmcolonne9.h"
 
 #include "analisi/colonne9.h"
+#include "analisi/stampacolonne9.h"
 #include "core/colonna.h"
 #include "core/frmattendere.h"
+#include "core/registroschermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/filtrotasti.h"
 #include "piattaforma/griglia.h"
 #include "piattaforma/guardia.h"
 #include "piattaforma/vistagriglia.h"
+#include "stampa/documentopagine.h"
+#include "stampa/esportazioneexcel.h"
+#include "stampa/frmanteprima.h"
 
 #include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCursor>
 #include <QFocusEvent>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -76,6 +82,7 @@ FrmColonne9::FrmColonne9(StatoProgramma &stato, QWidget *genitore)
     m_vista->setFixedWidth(larghezza + 2 * m_vista->frameWidth() +
                            style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2);
     m_vista->setMinimumHeight(300);
+    connect(m_vista, &VistaGriglia::tastoDestro, this, [this] { esporta(); });
     connect(m_vista, &VistaGriglia::doppioClic, this, [this](int, int colonna) {
         eseguiProtetto(m_stato.dialoghi(), [&] { m_banco.ordina(colonna); });
     });
@@ -451,14 +458,16 @@ QWidget *FrmColonne9::creaRicerca() {
     l->addWidget(m_lblRit, 2, 1);
     m_filtri.append(command1);
 
-    // The outputs of the analysis come with the printing services.
     auto *imgStampa = pulsante(u"imgStampa"_s, u"Stampa Prospetto"_s);
     imgStampa->setToolTip(u"Stampa Prospetto"_s);
+    connect(imgStampa, &QPushButton::clicked, this, [this] { stampaProspetto(); });
+    // The play slips come with the slip printer.
     auto *imgStampaSchedine = pulsante(u"imgStampaSchedine"_s, u"Stampa schedine"_s);
     imgStampaSchedine->setToolTip(u"Stampa schedine"_s);
+    imgStampaSchedine->setEnabled(false);
     for (QPushButton *p : {imgStampa, imgStampaSchedine}) {
         p->setIcon(style()->standardIcon(QStyle::SP_FileDialogDetailedView));
-        p->setEnabled(false);
+        p->setCursor(Qt::PointingHandCursor);
     }
     auto *contenitore = new QWidget(this);
     auto *lc = new QVBoxLayout(contenitore);
@@ -594,6 +603,35 @@ void FrmColonne9::cerca() {
         const Colonne9::Ricerca r = Colonne9::cerca(m_stato.ColonneArchivio, testo);
         m_lblFreq->setText(QString::number(r.frequenza));
         m_lblRit->setText(QString::number(r.ritardo));
+    });
+}
+
+void FrmColonne9::stampaProspetto() {
+    eseguiProtetto(m_stato.dialoghi(), [&] {
+        // Nothing selected: nothing printed, nothing said.
+        if (m_banco.totale() == 0)
+            return;
+        m_stato.OrientamentoPagina = u"verticale"_s;
+        DocumentoPagine documento;
+        StampaColonne9::scrivi(documento, *m_griglia, EsportazioneExcel::oggi());
+        FrmAnteprima::avvia(m_stato,
+                            m_stato.registro() ? m_stato.registro()->finestra() : window());
+    });
+}
+
+void FrmColonne9::esporta() {
+    eseguiProtetto(m_stato.dialoghi(), [&] {
+        // The limit stands on the rows with the header: 999 columns is the most that passes.
+        if (m_griglia->righe() >= 1001) {
+            m_stato.dialoghi().avviso(Dialoghi::titoloApplicazione(),
+                                      u"Non si possono esportare in Excel più di 1000 colonne."_s);
+            return;
+        }
+        EsportazioneExcel::prepara(m_stato, *m_griglia,
+                                   u"Le colonne del 9 da giocare, alla data "_s +
+                                       EsportazioneExcel::oggi());
+        if (m_stato.registro())
+            m_stato.registro()->apriMenuGriglie(QCursor::pos());
     });
 }
 

@@ -47,6 +47,9 @@ private:
     void annulla();
     void applicaSegnoFisso();
     void cerca();
+    // The list of the columns on paper, through the preview; the grid to Excel.
+    void stampaProspetto();
+    void esporta();
     // Runs one filter step: the busy cursor, the box it answers with, the count, the undo.
     void passo(const std::function<BancoColonne9::Esito()> &azione);
     void aggiornaTotale();

@@ -1,15 +1,22 @@
 #include "analisi/frmpannellosegni.h"
 
 #include "analisi/grigliepannello.h"
+#include "analisi/stampapannello.h"
 #include "analisi/statistichesegni.h"
 #include "core/mdipannello.h"
 #include "core/registroschermi.h"
 #include "core/statoprogramma.h"
+#include "piattaforma/dialoghi.h"
 #include "piattaforma/griglia.h"
 #include "piattaforma/guardia.h"
 #include "piattaforma/vistagriglia.h"
+#include "stampa/documentopagine.h"
+#include "stampa/esportazioneexcel.h"
+#include "stampa/frmanteprima.h"
+#include "stampa/stampanteqt.h"
 
 #include <QComboBox>
+#include <QCursor>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -83,6 +90,19 @@ FrmPannelloSegni::FrmPannelloSegni(StatoProgramma &stato, QWidget *genitore)
     auto *vistaCinquine =
         creaVista(u"GrigliaCinquine"_s, m_cinquine, GrigliePannello::RigheCinquine);
     connect(vistaTerzine, &VistaGriglia::clic, this, &FrmPannelloSegni::clicTerzine);
+    // The right button hands a grid to the export: its first row of signs becomes the header.
+    const auto esportazione = [this](VistaGriglia *vista, Griglia *griglia, const QString &titolo) {
+        connect(vista, &VistaGriglia::tastoDestro, this, [this, griglia, titolo] {
+            eseguiProtetto(m_stato.dialoghi(), [&] {
+                EsportazioneExcel::prepara(m_stato, *griglia, titolo + EsportazioneExcel::oggi());
+                if (m_stato.registro())
+                    m_stato.registro()->apriMenuGriglie(QCursor::pos());
+            });
+        });
+    };
+    esportazione(vistaTerzine, m_terzine, u"Situazione delle 27 Terzine, alla data "_s);
+    esportazione(vistaCinquine, m_cinquine, u"Situazione delle 243 Cinquine, alla data "_s);
+    esportazione(vistaCoppie, m_coppie, u"Situazione delle 9 Coppie finali, alla data "_s);
 
     auto *cmbStampa = new QComboBox(this);
     cmbStampa->setObjectName(u"cmbStampa"_s);
@@ -93,8 +113,10 @@ FrmPannelloSegni::FrmPannelloSegni(StatoProgramma &stato, QWidget *genitore)
     auto *imgStampa = new QPushButton(style()->standardIcon(QStyle::SP_FileDialogDetailedView),
                                       u"Stampa"_s, this);
     imgStampa->setObjectName(u"imgStampa"_s);
-    // Printing of the grids comes with the printing services.
-    imgStampa->setEnabled(false);
+    imgStampa->setCursor(Qt::PointingHandCursor);
+    connect(imgStampa, &QPushButton::clicked, this, [this, cmbStampa] {
+        eseguiProtetto(m_stato.dialoghi(), [&] { stampa(cmbStampa->currentText()); });
+    });
 
     auto *testa = new QHBoxLayout;
     testa->addWidget(titolo);
@@ -163,6 +185,31 @@ void FrmPannelloSegni::clicTerzine(int riga, int colonna) {
         if (r.esito == SelezioneTerzine::Esito::Aggiunta && m_stato.registro())
             m_stato.registro()->mostraSchermo(u"frmSistema"_s);
     });
+}
+
+void FrmPannelloSegni::stampa(const QString &scelta) {
+    if (!m_stato.dialoghi().domanda(Dialoghi::titoloApplicazione(),
+                                    u"Confermi la stampa delle "_s + scelta + u"?"_s))
+        return;
+    if (scelta == u"Cinquine"_s) {
+        m_stato.OrientamentoPagina = u"verticale"_s;
+        DocumentoPagine documento;
+        StampaPannello::scriviCinquine(documento, *m_cinquine, EsportazioneExcel::oggi());
+        FrmAnteprima::avvia(m_stato,
+                            m_stato.registro() ? m_stato.registro()->finestra() : window());
+        return;
+    }
+    const bool coppie = scelta == u"Coppie"_s;
+    StampanteQt stampante(m_stato);
+    stampante.setOrizzontale(false);
+    if (!stampante.scegliSeManca())
+        return;
+    // The number 27 stands in the title of the coppie too, as it always has.
+    StampaPannello::stampaGriglia(stampante.inizia(), coppie ? *m_coppie : *m_terzine,
+                                  coppie ? u"Statistiche delle 27 Coppie finali."_s
+                                         : u"Statistiche delle 27 Terzine."_s,
+                                  m_stato.ColonneArchivio.ultima()[ArchivioColonne::Concorso]);
+    stampante.fine();
 }
 
 QWidget *FrmPannelloSegni::finestra() {

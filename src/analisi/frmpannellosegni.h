@@ -36,6 +36,8 @@ protected:
 private:
     VistaGriglia *creaVista(const QString &nome, Griglia *griglia, int righeVisibili);
     void clicTerzine(int riga, int colonna);
+    // "Terzine" and "Coppie" go to the printer, "Cinquine" to the preview.
+    void stampa(const QString &scelta);
     QWidget *finestra();
 
     StatoProgramma &m_stato;

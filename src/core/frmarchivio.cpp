@@ -1,13 +1,19 @@
 #include "core/frmarchivio.h"
 
+#include "core/registroschermi.h"
 #include "core/scritturearchivio.h"
+#include "core/stampaarchivio.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/griglia.h"
 #include "piattaforma/guardia.h"
 #include "piattaforma/vistagriglia.h"
+#include "stampa/documentopagine.h"
+#include "stampa/esportazioneexcel.h"
+#include "stampa/frmanteprima.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -64,7 +70,6 @@ FrmArchivio::FrmArchivio(StatoProgramma &stato, QWidget *genitore)
     label1->setFont(f);
     label1->setStyleSheet(u"color: #1d3f72;"_s);
 
-    // Printing and the export of the grid come with the printing services.
     auto *imgStampa = new QPushButton(style()->standardIcon(QStyle::SP_FileDialogDetailedView),
                                       u"Stampa"_s, this);
     imgStampa->setObjectName(u"imgStampa"_s);
@@ -73,6 +78,26 @@ FrmArchivio::FrmArchivio(StatoProgramma &stato, QWidget *genitore)
     command1->setObjectName(u"Command1"_s);
     auto *command2 = new QPushButton(u"Crea HTM"_s, this);
     command2->setObjectName(u"Command2"_s);
+    imgStampa->setCursor(Qt::PointingHandCursor);
+    connect(imgStampa, &QPushButton::clicked, this, [this] {
+        eseguiProtetto(m_stato.dialoghi(), [this] {
+            m_stato.OrientamentoPagina = u"verticale"_s;
+            DocumentoPagine documento;
+            StampaArchivio::scrivi(documento, m_stato.ColonneArchivio, EsportazioneExcel::oggi());
+            FrmAnteprima::avvia(m_stato,
+                                m_stato.registro() ? m_stato.registro()->finestra() : window());
+        });
+    });
+    // The right button hands the whole archive to the export, without a limit.
+    connect(m_vista, &VistaGriglia::tastoDestro, this, [this] {
+        eseguiProtetto(m_stato.dialoghi(), [this] {
+            EsportazioneExcel::prepara(m_stato, *m_griglia,
+                                       u"Archivio Colonne vincenti Totocalcio, alla data "_s +
+                                           EsportazioneExcel::oggi());
+            if (m_stato.registro())
+                m_stato.registro()->apriMenuGriglie(QCursor::pos());
+        });
+    });
     connect(command1, &QPushButton::clicked, this, &FrmArchivio::caricaDatabase);
     connect(command2, &QPushButton::clicked, this, &FrmArchivio::creaHtm);
 

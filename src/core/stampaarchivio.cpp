@@ -1,6 +1,7 @@
 #include "core/stampaarchivio.h"
 
 #include "core/archiviocolonne.h"
+#include "stampa/dispositivoregistratore.h"
 #include "stampa/documentopagine.h"
 
 using namespace Qt::StringLiterals;
@@ -9,10 +10,17 @@ namespace {
 
 const QString Arial = u"Arial"_s;
 const QString Fisso = u"Courier New"_s;
-// Where each field starts, in characters of the fixed-pitch font (10 points: 0.2117 cm each).
+// Where each field starts, in characters of the fixed-pitch font.
 constexpr int Inizi[] = {0, 7, 13, 30, 34, 38, 42, 48, 54};
-constexpr float LarghezzaCarattere = 0.2117f;
 constexpr float Sinistra = 1.0f;
+
+// The width of one character of the body lines, in centimetres, as every device draws it.
+float larghezzaCarattere() {
+    static const float larghezza =
+        float(DispositivoRegistratore().larghezzaTesto(u"0000000000"_s, {Fisso, 10, false}) / 10 /
+              DispositivoDisegno::TwipsPerCentimetro);
+    return larghezza;
+}
 
 void testa(DocumentoPagine &d, const QString &data) {
     d.scriviTesto(1.0f, 1.5f, u"Vespara!"_s, Arial, 12, true, 4);
@@ -22,8 +30,8 @@ void testa(DocumentoPagine &d, const QString &data) {
     static const QStringList teste{u"Stag."_s, u"Conc."_s, u"Colonna"_s, u"1"_s,      u"X"_s,
                                    u"2"_s,     u"Int."_s,  u"Simm."_s,   u"Parall."_s};
     for (int i = 0; i < teste.size(); ++i)
-        d.scriviTesto(Sinistra + LarghezzaCarattere * float(Inizi[i]), 2.4f, teste.at(i), Arial, 9,
-                      true, 0);
+        d.scriviTesto(Sinistra + larghezzaCarattere() * float(Inizi[i]), 2.4f, teste.at(i), Arial,
+                      9, true, 0);
 }
 
 void piede(DocumentoPagine &d, int pagina) {
