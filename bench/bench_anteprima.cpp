@@ -5,8 +5,8 @@
 #include "analisi/colonne9.h"
 #include "analisi/stampacolonne9.h"
 #include "core/archiviocolonne.h"
+#include "piattaforma/dispositivopittore.h"
 #include "piattaforma/griglia.h"
-#include "stampa/dispositivopittore.h"
 #include "stampa/documentopagine.h"
 
 #include <QGuiApplication>

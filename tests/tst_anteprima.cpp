@@ -361,6 +361,9 @@ void TstAnteprima::stampeDelPannello() {
     b.a.dialoghi.risposte.enqueue(true);
     QTest::mouseClick(imgStampa, Qt::LeftButton);
     QCOMPARE(paginePdf(b.pdf()), 1);
+    if (const QString foto = qEnvironmentVariable("VESPARA_FOTO"); !foto.isEmpty())
+        QProcess::execute(u"pdftoppm"_s, {u"-r"_s, u"60"_s, u"-png"_s, u"-singlefile"_s, b.pdf(),
+                                          QDir(foto).filePath(u"stampa-terzine"_s)});
     // The cinquine go to the preview.
     cmbStampa->setCurrentIndex(1);
     b.a.dialoghi.risposte.enqueue(true);

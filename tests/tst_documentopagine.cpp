@@ -1,5 +1,5 @@
+#include "piattaforma/dispositivoregistratore.h"
 #include "piattaforma/erroreesecuzione.h"
-#include "stampa/dispositivoregistratore.h"
 #include "stampa/documentopagine.h"
 
 #include <QDir>

@@ -7,8 +7,8 @@
 #include "analisi/stampapannello.h"
 #include "core/archiviocolonne.h"
 #include "core/stampaarchivio.h"
+#include "piattaforma/dispositivoregistratore.h"
 #include "piattaforma/griglia.h"
-#include "stampa/dispositivoregistratore.h"
 #include "stampa/documentopagine.h"
 #include "stampa/flexprinter.h"
 

@@ -9,11 +9,11 @@
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/griglia.h"
 #include "piattaforma/guardia.h"
+#include "piattaforma/stampanteqt.h"
 #include "piattaforma/vistagriglia.h"
 #include "stampa/documentopagine.h"
 #include "stampa/esportazioneexcel.h"
 #include "stampa/frmanteprima.h"
-#include "stampa/stampanteqt.h"
 
 #include <QComboBox>
 #include <QCursor>

@@ -1,7 +1,7 @@
 #include "core/stampaarchivio.h"
 
 #include "core/archiviocolonne.h"
-#include "stampa/dispositivoregistratore.h"
+#include "piattaforma/dispositivoregistratore.h"
 #include "stampa/documentopagine.h"
 
 using namespace Qt::StringLiterals;

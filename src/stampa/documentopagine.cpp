@@ -1,7 +1,7 @@
 #include "stampa/documentopagine.h"
 
+#include "piattaforma/dispositivoregistratore.h"
 #include "piattaforma/erroreesecuzione.h"
-#include "stampa/dispositivoregistratore.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -2,8 +2,8 @@
 
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
+#include "piattaforma/dispositivopittore.h"
 #include "piattaforma/guardia.h"
-#include "stampa/dispositivopittore.h"
 #include "stampa/esportazioneexcel.h"
 #include "stampa/frmstampapagine.h"
 

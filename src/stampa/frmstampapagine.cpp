@@ -3,9 +3,9 @@
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
+#include "piattaforma/stampanteqt.h"
 #include "stampa/documentopagine.h"
 #include "stampa/frmanteprima.h"
-#include "stampa/stampanteqt.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -1,4 +1,4 @@
-#include "stampa/dispositivopittore.h"
+#include "piattaforma/dispositivopittore.h"
 
 #include <QFont>
 #include <QFontMetricsF>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "stampa/dispositivopittore.h"
+#include "piattaforma/dispositivopittore.h"
 
 #include <QPainter>
 #include <QPrinter>

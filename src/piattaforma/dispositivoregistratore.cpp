@@ -1,4 +1,4 @@
-#include "stampa/dispositivoregistratore.h"
+#include "piattaforma/dispositivoregistratore.h"
 
 void DispositivoRegistratore::testo(QPointF posizione, const QString &testo,
                                     const Carattere &carattere, const QColor &colore) {

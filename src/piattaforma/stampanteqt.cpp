@@ -1,4 +1,4 @@
-#include "stampa/stampanteqt.h"
+#include "piattaforma/stampanteqt.h"
 
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "stampa/dispositivodisegno.h"
+#include "piattaforma/dispositivodisegno.h"
 
 #include <QList>
 #include <QStringList>

@@ -1,6 +1,6 @@
-#include "stampa/dispositivodisegno.h"
+#include "piattaforma/dispositivodisegno.h"
 
-#include "stampa/dispositivopittore.h"
+#include "piattaforma/dispositivopittore.h"
 
 #include <QFontMetricsF>
 
