@@ -4,6 +4,7 @@
 #include "analisi/stampacolonne9.h"
 #include "core/colonna.h"
 #include "core/frmattendere.h"
+#include "core/mdistile.h"
 #include "core/registroschermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/filtrotasti.h"
@@ -76,11 +77,7 @@ FrmColonne9::FrmColonne9(StatoProgramma &stato, QWidget *genitore)
     m_vista = new VistaGriglia(this);
     m_vista->setObjectName(u"Griglia"_s);
     m_vista->setGriglia(m_griglia);
-    int larghezza = 0;
-    for (int c = 0; c < BancoColonne9::Colonne; ++c)
-        larghezza += Griglia::twipsInPixel(m_griglia->larghezzaColonna(c));
-    m_vista->setFixedWidth(larghezza + 2 * m_vista->frameWidth() +
-                           style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2);
+    m_vista->adattaLarghezza();
     m_vista->setMinimumHeight(300);
     connect(m_vista, &VistaGriglia::tastoDestro, this, [this] { esporta(); });
     connect(m_vista, &VistaGriglia::doppioClic, this, [this](int, int colonna) {
@@ -146,9 +143,7 @@ QWidget *FrmColonne9::creaComandi() {
     m_cmdAvvia = pulsante(u"cmdAvvia"_s, u"Inizializzazione"_s);
     m_cmdPrec = pulsante(u"cmdPrec"_s, u"Annulla ultima modifica"_s);
     m_cmdRipristina = pulsante(u"cmdRipristina"_s, u"Ripristina tutto"_s);
-    QFont grassetto = m_cmdAvvia->font();
-    grassetto.setBold(true);
-    m_cmdAvvia->setFont(grassetto);
+    MdiStile::grassetto(m_cmdAvvia);
     connect(m_cmdAvvia, &QPushButton::clicked, this, [this] { avvia(); });
     connect(m_cmdPrec, &QPushButton::clicked, this, [this] { annulla(); });
     connect(m_cmdRipristina, &QPushButton::clicked, this, [this] { ripristina(); });
@@ -156,10 +151,7 @@ QWidget *FrmColonne9::creaComandi() {
     auto *etichetta = new QLabel(u"Colonne selezionate"_s, g);
     m_lblTot = new QLabel(g);
     m_lblTot->setObjectName(u"lblTot"_s);
-    QFont grande = m_lblTot->font();
-    grande.setBold(true);
-    grande.setPointSizeF(grande.pointSizeF() * 1.6);
-    m_lblTot->setFont(grande);
+    MdiStile::grassetto(m_lblTot, 1.6);
     m_lblTot->setStyleSheet(u"color: #8b0000;"_s);
 
     auto *l = new QGridLayout(g);
@@ -224,9 +216,7 @@ QWidget *FrmColonne9::creaSegniFissi() {
         segno->setAlignment(Qt::AlignCenter);
         segno->setFixedWidth(22);
         segno->setFrameShape(QFrame::StyledPanel);
-        QFont f = segno->font();
-        f.setBold(true);
-        segno->setFont(f);
+        MdiStile::grassetto(segno);
         auto *esci = new QPushButton(u"-"_s, m_picSegni);
         esci->setObjectName(nomeIndice(u"lblEsci"_s, k));
         esci->setFixedSize(20, 20);

@@ -4,6 +4,7 @@
 #include "analisi/stampapannello.h"
 #include "analisi/statistichesegni.h"
 #include "core/mdipannello.h"
+#include "core/mdistile.h"
 #include "core/registroschermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
@@ -36,9 +37,7 @@ QLabel *didascalia(const QString &testo, QWidget *genitore, const QString &nome 
     auto *l = new QLabel(testo, genitore);
     if (!nome.isEmpty())
         l->setObjectName(nome);
-    QFont f = l->font();
-    f.setBold(true);
-    l->setFont(f);
+    MdiStile::grassetto(l);
     return l;
 }
 
@@ -160,9 +159,7 @@ VistaGriglia *FrmPannelloSegni::creaVista(const QString &nome, Griglia *griglia,
     auto *vista = new VistaGriglia(this);
     vista->setObjectName(nome);
     vista->setGriglia(griglia);
-    int larghezza = 0;
-    for (int c = 0; c < griglia->colonne(); ++c)
-        larghezza += Griglia::twipsInPixel(griglia->larghezzaColonna(c));
+    const int larghezza = vista->larghezzaColonne();
     const int bordo = 2 * vista->frameWidth();
     const int altezza = righeVisibili * Griglia::twipsInPixel(griglia->altezzaRighe()) + bordo;
     // The grid of the cinquine is too wide for any screen: it scrolls sideways.

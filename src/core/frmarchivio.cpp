@@ -1,5 +1,6 @@
 #include "core/frmarchivio.h"
 
+#include "core/mdistile.h"
 #include "core/registroschermi.h"
 #include "core/scritturearchivio.h"
 #include "core/stampaarchivio.h"
@@ -55,19 +56,12 @@ FrmArchivio::FrmArchivio(StatoProgramma &stato, QWidget *genitore)
     m_vista = new VistaGriglia(this);
     m_vista->setObjectName(u"Griglia"_s);
     m_vista->setGriglia(m_griglia);
-    int larghezza = 0;
-    for (int c = 0; c < Colonne; ++c)
-        larghezza += Griglia::twipsInPixel(m_griglia->larghezzaColonna(c));
-    m_vista->setFixedWidth(larghezza + 2 * m_vista->frameWidth() +
-                           style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2);
+    m_vista->adattaLarghezza();
     m_vista->setMinimumHeight(420);
 
     auto *label1 = new QLabel(u"Colonne vincenti"_s, this);
     label1->setObjectName(u"Label1"_s);
-    QFont f = label1->font();
-    f.setBold(true);
-    f.setPointSizeF(f.pointSizeF() * 1.2);
-    label1->setFont(f);
+    MdiStile::grassetto(label1, 1.2);
     label1->setStyleSheet(u"color: #1d3f72;"_s);
 
     auto *imgStampa = new QPushButton(style()->standardIcon(QStyle::SP_FileDialogDetailedView),

@@ -1,4 +1,5 @@
 #include "core/frmattendere.h"
+#include "core/mdistile.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -18,9 +19,7 @@ FrmAttendere::FrmAttendere(QWidget *cornice)
     auto *testo = new QLabel(u"ATTENDERE. PREGO."_s, this);
     testo->setObjectName(u"lblAttendere"_s);
     testo->setAlignment(Qt::AlignCenter);
-    QFont f = testo->font();
-    f.setBold(true);
-    testo->setFont(f);
+    MdiStile::grassetto(testo);
     m_bar->setObjectName(u"bar"_s);
     m_bar->setTextVisible(false);
     auto *layout = new QVBoxLayout(this);

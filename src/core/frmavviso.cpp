@@ -1,4 +1,5 @@
 #include "core/frmavviso.h"
+#include "core/mdistile.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -15,10 +16,7 @@ FrmAvviso::FrmAvviso(QSize risoluzione, QWidget *genitore)
     auto *lblRis = new QLabel(
         u"La tua Risoluzione è %1x%2"_s.arg(risoluzione.width()).arg(risoluzione.height()), this);
     lblRis->setObjectName(u"lblRis"_s);
-    QFont grassetto = lblRis->font();
-    grassetto.setBold(true);
-    grassetto.setPointSizeF(grassetto.pointSizeF() * 1.2);
-    lblRis->setFont(grassetto);
+    MdiStile::grassetto(lblRis, 1.2);
     lblRis->setAlignment(Qt::AlignCenter);
 
     auto *lblMsg = new QLabel(

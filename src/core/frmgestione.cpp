@@ -1,5 +1,6 @@
 #include "core/frmgestione.h"
 
+#include "core/mdistile.h"
 #include "core/registroschermi.h"
 #include "core/scritturearchivio.h"
 #include "core/statoprogramma.h"
@@ -28,10 +29,7 @@ FrmGestione::FrmGestione(StatoProgramma &stato, QWidget *genitore)
 
     auto *titolo = new QLabel(u"Gestione dell'Archivio"_s, this);
     titolo->setObjectName(u"lblTitolo"_s);
-    QFont fTitolo = titolo->font();
-    fTitolo.setBold(true);
-    fTitolo.setPointSizeF(fTitolo.pointSizeF() * 1.3);
-    titolo->setFont(fTitolo);
+    MdiStile::grassetto(titolo, 1.3);
     titolo->setStyleSheet(u"color: #1d3f72;"_s);
     auto *suggerimento = new QLabel(u"Modificare i campi per correggere gli  errori"_s, this);
     suggerimento->setObjectName(u"lblSuggerimento"_s);

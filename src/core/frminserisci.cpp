@@ -1,6 +1,7 @@
 #include "core/frminserisci.h"
 
 #include "core/colonna.h"
+#include "core/mdistile.h"
 #include "core/registroschermi.h"
 #include "core/scritturearchivio.h"
 #include "core/statoprogramma.h"
@@ -29,9 +30,7 @@ QString annoCorrente() {
 QLabel *valore(const QString &nome, QWidget *genitore) {
     auto *l = new QLabel(genitore);
     l->setObjectName(nome);
-    QFont f = l->font();
-    f.setBold(true);
-    l->setFont(f);
+    MdiStile::grassetto(l);
     return l;
 }
 

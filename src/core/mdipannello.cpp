@@ -1,6 +1,7 @@
 #include "core/mdipannello.h"
 
 #include "core/colonna.h"
+#include "core/mdistile.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
@@ -227,9 +228,7 @@ void MdiPannello::creaCruscotto() {
 
     auto *titolo = new QLabel(u"Ultima colonna vincente"_s, picUltima);
     titolo->setObjectName(u"lblTitoloUltima"_s);
-    QFont fTitolo = titolo->font();
-    fTitolo.setBold(true);
-    titolo->setFont(fTitolo);
+    MdiStile::grassetto(titolo);
 
     m_lblColonna = new QLabel(picUltima);
     m_lblColonna->setObjectName(u"lblColonna"_s);

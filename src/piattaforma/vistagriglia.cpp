@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyle>
 #include <QStyledItemDelegate>
 
 using namespace Qt::StringLiterals;
@@ -302,4 +303,17 @@ bool VistaGriglia::eventFilter(QObject *oggetto, QEvent *evento) {
         }
     }
     return QTableView::eventFilter(oggetto, evento);
+}
+
+int VistaGriglia::larghezzaColonne() const {
+    int larghezza = 0;
+    if (m_griglia)
+        for (int c = 0; c < m_griglia->colonne(); ++c)
+            larghezza += Griglia::twipsInPixel(m_griglia->larghezzaColonna(c));
+    return larghezza;
+}
+
+void VistaGriglia::adattaLarghezza() {
+    setFixedWidth(larghezzaColonne() + 2 * frameWidth() +
+                  style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2);
 }

@@ -26,6 +26,11 @@ public:
     // The current cell in grid coordinates; -1 when there is none.
     int rigaCorrente() const;
     int colonnaCorrente() const;
+
+    // The width of all the grid's columns on screen, in pixels, without the frame.
+    int larghezzaColonne() const;
+    // Fits the view to the width of its columns, with room for the vertical scroll bar.
+    void adattaLarghezza();
     void setCellaCorrente(int r, int c);
 
 signals:

@@ -1,0 +1,11 @@
+#include "core/mdistile.h"
+
+#include <QWidget>
+
+void MdiStile::grassetto(QWidget *widget, double scala) {
+    QFont f = widget->font();
+    f.setBold(true);
+    if (scala != 1.0)
+        f.setPointSizeF(f.pointSizeF() * scala);
+    widget->setFont(f);
+}

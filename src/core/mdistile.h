@@ -1,0 +1,10 @@
+#pragma once
+
+class QWidget;
+
+// The look shared by the screens: one place for what they would otherwise each repeat.
+class MdiStile {
+public:
+    // The widget's own font in bold, scaled by `scala`.
+    static void grassetto(QWidget *widget, double scala = 1.0);
+};
