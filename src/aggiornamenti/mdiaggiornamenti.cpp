@@ -8,3 +8,5 @@ void MdiAggiornamenti::controllaMessaggi(MdiPannello &) {}
 void MdiAggiornamenti::mostraNovita(MdiPannello &) {}
 
 void MdiAggiornamenti::verificaAggiornamenti(MdiPannello &) {}
+
+void MdiAggiornamenti::registra(MdiPannello &) {}

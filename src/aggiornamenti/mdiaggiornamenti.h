@@ -9,4 +9,6 @@ public:
     static void controllaMessaggi(MdiPannello &pannello);
     static void mostraNovita(MdiPannello &pannello);
     static void verificaAggiornamenti(MdiPannello &pannello);
+    // Gives the frame the screens and menu actions of the messages and of the program update.
+    static void registra(MdiPannello &pannello);
 };

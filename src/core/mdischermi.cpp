@@ -1,5 +1,7 @@
 #include "core/mdischermi.h"
 
+#include "aggiornamenti/mdiaggiornamenti.h"
+#include "aggiornamenti/mdiaggiornamentisito.h"
 #include "analisi/frmcolonne9.h"
 #include "analisi/frmpannellosegni.h"
 #include "core/frmarchivio.h"
@@ -36,4 +38,6 @@ void registraSchermi(MdiPannello &pannello) {
         pannello.mostraSchermo(u"frmGestione"_s);
         attesa.close();
     });
+    MdiAggiornamentiSito::registra(pannello);
+    MdiAggiornamenti::registra(pannello);
 }

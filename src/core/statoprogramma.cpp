@@ -1,5 +1,6 @@
 #include "core/statoprogramma.h"
 
+#include "aggiornamenti/rete.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/griglia.h"
@@ -17,6 +18,12 @@ TabellaArchivio &StatoProgramma::tabellaArchivio() const {
     if (!m_tabella)
         throw ErroreEsecuzione(QStringLiteral("L'archivio database non è aperto."));
     return *m_tabella;
+}
+
+Rete &StatoProgramma::rete() {
+    if (!m_rete)
+        m_rete = std::make_unique<Rete>(Rete::radicePredefinita(m_impostazioni));
+    return *m_rete;
 }
 
 void StatoProgramma::apriTabellaArchivio() {

@@ -11,6 +11,7 @@
 
 class Dialoghi;
 class Griglia;
+class Rete;
 class Impostazioni;
 class Schermo;
 class TabellaArchivio;
@@ -30,6 +31,10 @@ public:
     Dialoghi &dialoghi() const { return m_dialoghi; }
     Impostazioni &impostazioni() const { return m_impostazioni; }
     Schermo &schermo() const { return m_schermo; }
+
+    // The update site: downloads and the probe. Its root is read from the environment and the
+    // settings the first time it is used.
+    Rete &rete();
 
     // The archive table; opened at start-up.
     TabellaArchivio &tabellaArchivio() const;
@@ -92,5 +97,6 @@ private:
     Impostazioni &m_impostazioni;
     Schermo &m_schermo;
     std::unique_ptr<TabellaArchivio> m_tabella;
+    std::unique_ptr<Rete> m_rete;
     RegistroSchermi *m_registro = nullptr;
 };

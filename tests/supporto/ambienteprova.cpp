@@ -1,6 +1,8 @@
 #include "supporto/ambienteprova.h"
 
+#include "aggiornamenti/rete.h"
 #include "core/mdipannello.h"
+#include "core/statoprogramma.h"
 #include "piattaforma/filedati.h"
 
 #include <QDir>
@@ -17,6 +19,10 @@ AmbienteProva::AmbienteProva(QSize dimensioni) {
     for (const QString &nome : nomi)
         QFile::copy(origine.filePath(nome), m_dir.filePath(nome));
     m_impostazioni = std::make_unique<Impostazioni>(m_dir.filePath(u"impostazioni.ini"_s));
+    // No test talks to a site it didn't start: by default the site is a port where nothing
+    // listens.
+    qunsetenv("VESPARA_SITO");
+    m_impostazioni->imposta(Impostazioni::RadiceSito, u"http://127.0.0.1:9"_s);
 }
 
 AmbienteProva::~AmbienteProva() {
@@ -47,6 +53,12 @@ bool AmbienteProva::avvia() {
             return false;
     }
     return riuscito;
+}
+
+void AmbienteProva::impostaSito(const QString &radice) {
+    m_impostazioni->imposta(Impostazioni::RadiceSito, radice);
+    if (m_programma)
+        m_programma->stato().rete().setRadice(radice);
 }
 
 MdiPannello &AmbienteProva::pannello() const {

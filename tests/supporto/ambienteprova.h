@@ -29,6 +29,9 @@ public:
     void scrivi(const QString &nome, const QStringList &righe) const;
     void rimuovi(const QString &nome) const;
 
+    // The root of the update site the program talks to (before or after the start).
+    void impostaSito(const QString &radice);
+
     // Builds the program and runs the start-up sequence.
     bool avvia();
     MdiPannello &pannello() const;

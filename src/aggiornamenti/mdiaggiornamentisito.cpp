@@ -1,0 +1,3 @@
+#include "aggiornamenti/mdiaggiornamentisito.h"
+
+void MdiAggiornamentiSito::registra(MdiPannello &) {}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QTcpServer>
+
+class QTcpSocket;
+
+// A small HTTP server on loopback that serves a folder: the local update site of the project's
+// tools, and the site the tests talk to. Paths are looked up without regard to case, since the
+// site's own paths mix "Vespara" and "vespara". The root answers with an index page.
+class ServerHttp : public QObject {
+    Q_OBJECT
+public:
+    struct Richiesta {
+        QString metodo;
+        QString percorso;                           // with its query, as asked
+        QHash<QByteArray, QByteArray> intestazioni; // names in lower case
+    };
+
+    explicit ServerHttp(QString cartella, QObject *genitore = nullptr);
+
+    // Listens on 127.0.0.1; 0 takes a free port. False when the port can't be had.
+    bool avvia(quint16 porta = 0);
+    quint16 porta() const { return m_server.serverPort(); }
+    QString radice() const;
+    QString cartella() const { return m_cartella; }
+
+    // What was asked, in order.
+    const QList<Richiesta> &richieste() const { return m_richieste; }
+    void svuotaRichieste() { m_richieste.clear(); }
+    // A fixed answer for a path (exact, without query), in place of the folder's file.
+    void imposta(const QString &percorso, const QByteArray &corpo, int stato = 200);
+    // Answers are held back this long (to test the time-outs).
+    void setRitardo(int ms) { m_ritardo = ms; }
+
+private:
+    void nuovaConnessione();
+    void leggi(QTcpSocket *socket);
+    void rispondi(QTcpSocket *socket, const Richiesta &richiesta);
+    QString trovaFile(const QString &percorso) const;
+
+    QString m_cartella;
+    QList<Richiesta> m_richieste;
+    QHash<QString, QPair<int, QByteArray>> m_fisse;
+    QHash<QTcpSocket *, QByteArray> m_ricevuti;
+    int m_ritardo = 0;
+    // Last, so that it goes first: its sockets still find the tables above when they close.
+    QTcpServer m_server;
+};

@@ -1,0 +1,44 @@
+// The local update site: serves a folder over HTTP on loopback, so that every update of Vespara
+// can be tried on one machine.
+//   sitolocale <cartella del sito> [porta]
+// Then start Vespara with VESPARA_SITO=http://127.0.0.1:<porta> (8641 when not given).
+
+#include "aggiornamenti/rete.h"
+#include "aggiornamenti/serverhttp.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QTextStream>
+
+int main(int argc, char *argv[]) {
+    QCoreApplication app(argc, argv);
+    QTextStream err(stderr);
+    QTextStream out(stdout);
+    const QStringList argomenti = app.arguments();
+    if (argomenti.size() < 2 || argomenti.size() > 3) {
+        err << "Uso: sitolocale <cartella del sito> [porta]\n";
+        return 2;
+    }
+    const QString cartella = argomenti.at(1);
+    if (!QDir(cartella).exists()) {
+        err << "Errore: la cartella " << cartella << " non esiste.\n";
+        return 1;
+    }
+    bool ok = true;
+    const quint16 porta =
+        argomenti.size() == 3 ? quint16(argomenti.at(2).toUInt(&ok)) : Rete::PortaSitoLocale;
+    if (!ok) {
+        err << "Errore: porta non valida: " << argomenti.at(2) << "\n";
+        return 2;
+    }
+    ServerHttp server(QDir(cartella).absolutePath());
+    if (!server.avvia(porta)) {
+        err << "Errore: impossibile ascoltare sulla porta " << porta << ".\n";
+        return 1;
+    }
+    out << "Sito locale di Vespara su " << server.radice() << " (cartella "
+        << QDir::toNativeSeparators(server.cartella()) << ")\n"
+        << "Avviare Vespara con VESPARA_SITO=" << server.radice() << "\n";
+    out.flush();
+    return app.exec();
+}
