@@ -259,7 +259,7 @@ void TstSchermiArchivio::inserimentoCaricamento() {
     QCOMPARE(b.w<QPushButton>(frm, u"cmdInserisci"_s)->text(), u"INSERISCI IN ARCHIVIO"_s);
     QCOMPARE(b.w<QPushButton>(frm, u"Command1"_s)->text(), u"ANNULLA"_s);
     auto *download = b.w<QPushButton>(frm, u"imgDownload"_s);
-    QVERIFY(!download->isEnabled());
+    QVERIFY(download->isEnabled());
     QCOMPARE(download->toolTip(),
              u"Preleva ultima colonna vincente da Internet,   se disponibile."_s);
     QStringList didascalie;

@@ -1,12 +1,192 @@
 #include "aggiornamenti/mdiaggiornamenti.h"
 
-// The talk with the update site is not built yet: until it is, the three calls do nothing and
-// the frame behaves as with no new message, no release notes and no newer version.
+#include "aggiornamenti/frmaggiornamenti.h"
+#include "aggiornamenti/frmaltrigiochi.h"
+#include "aggiornamenti/frmcomm.h"
+#include "aggiornamenti/frminviamessaggio.h"
+#include "aggiornamenti/frmrelease.h"
+#include "aggiornamenti/messaggi.h"
+#include "aggiornamenti/rete.h"
+#include "aggiornamenti/versione.h"
+#include "core/mdipannello.h"
+#include "core/statoprogramma.h"
+#include "piattaforma/dialoghi.h"
+#include "piattaforma/guardia.h"
 
-void MdiAggiornamenti::controllaMessaggi(MdiPannello &) {}
+#include <QGuiApplication>
+#include <QPushButton>
 
-void MdiAggiornamenti::mostraNovita(MdiPannello &) {}
+#include <memory>
 
-void MdiAggiornamenti::verificaAggiornamenti(MdiPannello &) {}
+using namespace Qt::StringLiterals;
 
-void MdiAggiornamenti::registra(MdiPannello &) {}
+namespace {
+
+// The state of the version check lives on the frame it belongs to.
+constexpr const char *VerificaInCorso = "vesparaVerificaInCorso";
+constexpr const char *SaltaAttivazione = "vesparaSaltaAttivazione";
+
+// While a check runs (its question box moves the activation), no other one starts.
+class InCorso {
+public:
+    explicit InCorso(MdiPannello &pannello)
+        : m_pannello(pannello) {
+        m_pannello.setProperty(VerificaInCorso, true);
+    }
+    ~InCorso() { m_pannello.setProperty(VerificaInCorso, false); }
+    InCorso(const InCorso &) = delete;
+    InCorso &operator=(const InCorso &) = delete;
+
+private:
+    MdiPannello &m_pannello;
+};
+
+// The hourglass until the network is done with, before any box.
+class Clessidra {
+public:
+    Clessidra() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~Clessidra() { fine(); }
+    Clessidra(const Clessidra &) = delete;
+    Clessidra &operator=(const Clessidra &) = delete;
+    void fine() {
+        if (m_attiva)
+            QGuiApplication::restoreOverrideCursor();
+        m_attiva = false;
+    }
+
+private:
+    bool m_attiva = true;
+};
+
+// A newer version is on the site: the question, and the screen of the download on Yes.
+void offriAggiornamento(MdiPannello &pannello, const QString &versione) {
+    const bool si = pannello.stato().dialoghi().domanda(
+        Dialoghi::titoloAggiornamenti(),
+        QString::fromUtf16(MdiAggiornamenti::DomandaAggiornamento));
+    // A box that took the activation away gives it back: that activation is not a new one.
+    if (!pannello.isActiveWindow())
+        pannello.setProperty(SaltaAttivazione, true);
+    if (si)
+        if (auto *frm =
+                qobject_cast<FrmAggiornamenti *>(pannello.apriSchermo(u"frmAggiornamenti"_s)))
+            frm->impostaVersione(versione);
+}
+
+void verificaDaMenu(MdiPannello &pannello) {
+    InCorso inCorso(pannello);
+    Clessidra clessidra;
+    Dialoghi &dialoghi = pannello.stato().dialoghi();
+    Rete &rete = pannello.stato().rete();
+    if (!rete.verificaConnessione()) {
+        clessidra.fine();
+        dialoghi.critico(Dialoghi::titoloAggiornamenti(),
+                         u"Impossibile verificare se è presente on-line una versione più "
+                         "aggiornata per Vespara. Nessuna connessione Internet trovata."_s);
+        return;
+    }
+    const QString versione = Versione::scarica(rete);
+    clessidra.fine();
+    if (!versione.isEmpty() && Versione::piuRecente(versione))
+        offriAggiornamento(pannello, versione);
+    else
+        dialoghi.informazione(Dialoghi::titoloAggiornamenti(),
+                              u"Non risulta alcuna versione più aggiornata per Vespara."_s);
+}
+
+void apriComunicazioni(MdiPannello &pannello) {
+    if (!pannello.stato().rete().verificaConnessione()) {
+        pannello.stato().dialoghi().critico(
+            Dialoghi::titoloAggiornamenti(),
+            u"Nessuna connessione Internet attiva. Impossibile continuare."_s);
+        return;
+    }
+    pannello.mostraSchermo(u"frmComm"_s);
+}
+
+void apriSito(MdiPannello &pannello) {
+    Rete &rete = pannello.stato().rete();
+    if (!rete.verificaConnessione()) {
+        pannello.stato().dialoghi().critico(Dialoghi::titoloAggiornamenti(),
+                                            u"Nessuna connessione Internet attiva."_s);
+        return;
+    }
+    pannello.stato().dialoghi().apriConDesktop(rete.url(u"/vespara/"_s));
+}
+
+} // namespace
+
+void MdiAggiornamenti::controllaMessaggi(MdiPannello &pannello) {
+    StatoProgramma &stato = pannello.stato();
+    // An unreadable new.dat is shown and the start goes on.
+    eseguiProtetto(stato.dialoghi(), [&] {
+        QPushButton *img = pannello.imgComm();
+        Rete &rete = stato.rete();
+        if (!rete.verificaConnessione()) {
+            img->setToolTip(u"Connessione non attiva."_s);
+            return;
+        }
+        if (!Messaggi::controlla(rete, stato.PercorsoDati, true).nuovo)
+            return;
+        pannello.avviaIndicatore();
+        img->setToolTip(u"Nuovo messaggio: "_s + Messaggi::ultimoTitolo(rete));
+    });
+}
+
+void MdiAggiornamenti::mostraNovita(MdiPannello &pannello) {
+    pannello.mostraSchermo(u"frmRelease"_s);
+}
+
+void MdiAggiornamenti::verificaAggiornamenti(MdiPannello &pannello) {
+    if (pannello.property(VerificaInCorso).toBool())
+        return;
+    if (pannello.property(SaltaAttivazione).toBool()) {
+        pannello.setProperty(SaltaAttivazione, false);
+        return;
+    }
+    // The offer is on show already: that is the answer.
+    if (pannello.trovaSchermo(u"frmAggiornamenti"_s))
+        return;
+    InCorso inCorso(pannello);
+    eseguiProtetto(pannello.stato().dialoghi(), [&] {
+        Rete &rete = pannello.stato().rete();
+        if (!rete.verificaConnessione())
+            return;
+        const QString versione = Versione::scarica(rete);
+        if (!versione.isEmpty() && Versione::piuRecente(versione))
+            offriAggiornamento(pannello, versione);
+    });
+}
+
+void MdiAggiornamenti::registra(MdiPannello &pannello) {
+    pannello.registraSchermo(u"frmComm"_s, [](StatoProgramma &stato, MdiPannello &p) {
+        // Form_Load may fail (new.dat missing, pages that don't match): then no screen opens.
+        auto frm = std::make_unique<FrmComm>(stato, p);
+        frm->carica();
+        return frm.release();
+    });
+    pannello.registraSchermo(u"frmInviaMessaggio"_s, [](StatoProgramma &stato, MdiPannello &) {
+        return new FrmInviaMessaggio(stato);
+    });
+    pannello.registraSchermo(u"frmRelease"_s, [](StatoProgramma &stato, MdiPannello &) {
+        return new FrmRelease(stato);
+    });
+    // The frame centres it in its area.
+    pannello.registraSchermo(u"frmAggiornamenti"_s, [](StatoProgramma &stato, MdiPannello &) {
+        return new FrmAggiornamenti(stato);
+    });
+    pannello.registraSchermo(u"frmAltriGiochi"_s, [](StatoProgramma &stato, MdiPannello &) {
+        return new FrmAltriGiochi(stato);
+    });
+
+    pannello.registraAzione(u"mnuAggiornamenti"_s, [&pannello] { verificaDaMenu(pannello); });
+    pannello.registraAzione(u"mnuComunicazioni"_s, [&pannello] { apriComunicazioni(pannello); });
+    pannello.registraAzione(u"mnuLotto"_s,
+                            [&pannello] { pannello.mostraSchermo(u"frmAltriGiochi"_s); });
+    pannello.registraAzione(u"TB(7)"_s,
+                            [&pannello] { pannello.mostraSchermo(u"frmInviaMessaggio"_s); });
+    pannello.registraAzione(u"TB(8)"_s, [&pannello] { apriSito(pannello); });
+    // The indicator opens the messages as they are, without asking for the connection first.
+    QObject::connect(pannello.imgComm(), &QPushButton::clicked, &pannello, [&pannello] {
+        eseguiProtetto(pannello.stato().dialoghi(), [&] { pannello.mostraSchermo(u"frmComm"_s); });
+    });
+}

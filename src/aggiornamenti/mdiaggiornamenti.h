@@ -6,9 +6,18 @@ class MdiPannello;
 // new version, and the check for a newer program each time the frame becomes active.
 class MdiAggiornamenti {
 public:
+    // ControllaMessaggi: a message newer than new.dat starts the frame's indicator.
     static void controllaMessaggi(MdiPannello &pannello);
+    // Opens frmRelease.
     static void mostraNovita(MdiPannello &pannello);
+    // cmdVerificaAgg: silent unless a newer program is on the site. It runs on every activation
+    // of the frame, whatever "Mostra sempre aggiornamenti" says, and never inside itself.
     static void verificaAggiornamenti(MdiPannello &pannello);
     // Gives the frame the screens and menu actions of the messages and of the program update.
     static void registra(MdiPannello &pannello);
+
+    static constexpr const char16_t *DomandaAggiornamento =
+        u"E' presente on-line una versione aggiornata e corretta per Vespara. Il programma verrà "
+        u"chiuso, quindi, dopo aver effettuato l'aggiornamento, riavviarlo. Vuoi scaricare "
+        u"l'aggiornamento adesso?";
 };

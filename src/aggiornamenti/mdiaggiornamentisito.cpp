@@ -1,3 +1,77 @@
 #include "aggiornamenti/mdiaggiornamentisito.h"
 
-void MdiAggiornamentiSito::registra(MdiPannello &) {}
+#include "aggiornamenti/aggiornamentisito.h"
+#include "aggiornamenti/frmaggiornaconcorsistranieri.h"
+#include "aggiornamenti/frmaggiornasoloarchivi.h"
+#include "aggiornamenti/frmaggiornasoloclassifiche.h"
+#include "aggiornamenti/frmaggiornasolopicchetto.h"
+#include "aggiornamenti/frmaggiornasoloschedinamontepremi.h"
+#include "aggiornamenti/frmaggiornasoloschedinaprossimoconcorso.h"
+#include "aggiornamenti/frminternet.h"
+#include "core/mdipannello.h"
+#include "core/statoprogramma.h"
+#include "piattaforma/dialoghi.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+template <typename Schermo> void registraSchermo(MdiPannello &pannello, const QString &nome) {
+    pannello.registraSchermo(
+        nome, [](StatoProgramma &stato, MdiPannello &) { return new Schermo(stato); });
+}
+
+// AggiornaQuote, from the menu.
+void aggiornaQuote(StatoProgramma &stato) {
+    AggiornamentiSito sito(stato);
+    const QString titolo = Dialoghi::titoloAggiornamenti();
+    if (!sito.aggiornaQuote()) {
+        stato.dialoghi().critico(titolo,
+                                 QString::fromUtf8(AggiornamentiSito::SenzaConnessioneQuote));
+        return;
+    }
+    stato.dialoghi().informazione(titolo, u"Aggiornamento effettuato."_s);
+}
+
+// The update to a new season: the Italian team lists, once the user has seen which season.
+void aggiornaCampionato(StatoProgramma &stato) {
+    AggiornamentiSito sito(stato);
+    Dialoghi &dialoghi = stato.dialoghi();
+    const QString titolo = Dialoghi::titoloAggiornamenti();
+    if (!sito.verificaConnessione()) {
+        dialoghi.informazione(titolo,
+                              QString::fromUtf8(AggiornamentiSito::SenzaConnessioneStagione));
+        return;
+    }
+    QString stagione;
+    {
+        FrmInternet::Clessidra clessidra;
+        stagione = sito.stagioneSulSito();
+    }
+    if (!dialoghi.domanda(titolo, QString::fromUtf8(AggiornamentiSito::DomandaStagione) + stagione))
+        return;
+    {
+        FrmInternet::Clessidra clessidra;
+        sito.aggiornaSquadreItaliane();
+    }
+    dialoghi.informazione(titolo, u"Aggiornamento Campionato effettuato."_s);
+}
+
+} // namespace
+
+void MdiAggiornamentiSito::registra(MdiPannello &pannello) {
+    registraSchermo<FrmInternet>(pannello, u"frmInternet"_s);
+    registraSchermo<FrmAggiornaSoloArchivi>(pannello, u"frmAggiornaSoloArchivi"_s);
+    registraSchermo<FrmAggiornaSoloClassifiche>(pannello, u"frmAggiornaSoloClassifiche"_s);
+    registraSchermo<FrmAggiornaSoloSchedinaMontepremi>(pannello,
+                                                       u"frmAggiornaSoloSchedinaMontepremi"_s);
+    // These two have no menu entry of their own.
+    registraSchermo<FrmAggiornaSoloPicchetto>(pannello, u"frmAggiornaSoloPicchetto"_s);
+    registraSchermo<FrmAggiornaSoloSchedinaProssimoConcorso>(
+        pannello, u"frmAggiornaSoloSchedinaProssimoConcorso"_s);
+    registraSchermo<FrmAggiornaConcorsiStranieri>(pannello, u"frmAggiornaConcorsiStranieri"_s);
+
+    StatoProgramma &stato = pannello.stato();
+    pannello.registraAzione(u"mnuAggQuote"_s, [&stato] { aggiornaQuote(stato); });
+    pannello.registraAzione(u"mnuAggiornaCampionato"_s, [&stato] { aggiornaCampionato(stato); });
+}

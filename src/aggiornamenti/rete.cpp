@@ -32,7 +32,7 @@ QUrl Rete::url(const QString &percorso) const {
     return QUrl(base + (percorso.startsWith(u'/') ? percorso : u"/"_s + percorso));
 }
 
-Rete::Risposta Rete::esegui(const QUrl &indirizzo) {
+Rete::Risposta Rete::esegui(const QUrl &indirizzo, int tempoMassimo) {
     Risposta risposta;
     if (!indirizzo.isValid())
         return risposta;
@@ -44,7 +44,7 @@ Rete::Risposta Rete::esegui(const QUrl &indirizzo) {
                            QNetworkRequest::AlwaysNetwork);
     richiesta.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                            QNetworkRequest::NoLessSafeRedirectPolicy);
-    richiesta.setTransferTimeout(m_tempoMassimo);
+    richiesta.setTransferTimeout(tempoMassimo);
 
     QNetworkReply *reply = m_gestore.get(richiesta);
     QEventLoop attesa;
@@ -58,7 +58,7 @@ Rete::Risposta Rete::esegui(const QUrl &indirizzo) {
         if (risposta.corpo.size() >= LunghezzaPagina)
             reply->abort();
     });
-    scadenza.start(m_tempoMassimo);
+    scadenza.start(tempoMassimo);
     if (!reply->isFinished())
         attesa.exec(QEventLoop::ExcludeUserInputEvents);
     risposta.corpo += reply->read(LunghezzaPagina - risposta.corpo.size());
@@ -71,16 +71,16 @@ Rete::Risposta Rete::esegui(const QUrl &indirizzo) {
 }
 
 QString Rete::scaricaPagina(const QString &percorso) {
-    const Risposta r = esegui(url(percorso));
+    const Risposta r = esegui(url(percorso), m_tempoMassimo);
     QString testo = QString::fromLatin1(r.corpo.left(LunghezzaPagina));
     return testo.leftJustified(LunghezzaPagina, u' ');
 }
 
 QString Rete::scaricaTesto(const QString &percorso) {
-    const Risposta r = esegui(url(percorso));
+    const Risposta r = esegui(url(percorso), m_tempoMassimo);
     return r.completata ? QString::fromLatin1(r.corpo) : QString();
 }
 
 bool Rete::verificaConnessione() {
-    return esegui(url(u"/"_s)).completata;
+    return esegui(url(u"/"_s), std::min(m_tempoMassimo, TempoMassimoSondaMs)).completata;
 }

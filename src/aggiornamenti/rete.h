@@ -15,6 +15,8 @@ public:
     // A page comes back padded with blanks to this length, and cut at it.
     static constexpr int LunghezzaPagina = 500000;
     static constexpr int TempoMassimoMs = 15000;
+    // The probe runs at every activation of the frame: it gives up sooner than a download.
+    static constexpr int TempoMassimoSondaMs = 5000;
     // The port of the local update site of the project's tools.
     static constexpr quint16 PortaSitoLocale = 8641;
 
@@ -44,7 +46,7 @@ private:
         bool completata = false;
         QByteArray corpo;
     };
-    Risposta esegui(const QUrl &indirizzo);
+    Risposta esegui(const QUrl &indirizzo, int tempoMassimo);
 
     QString m_radice;
     int m_tempoMassimo = TempoMassimoMs;

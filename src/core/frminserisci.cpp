@@ -1,5 +1,6 @@
 #include "core/frminserisci.h"
 
+#include "aggiornamenti/rete.h"
 #include "core/colonna.h"
 #include "core/mdistile.h"
 #include "core/registroschermi.h"
@@ -78,8 +79,7 @@ FrmInserisci::FrmInserisci(StatoProgramma &stato, QWidget *genitore)
     imgDownload->setObjectName(u"imgDownload"_s);
     imgDownload->setIcon(style()->standardIcon(QStyle::SP_ArrowDown));
     imgDownload->setToolTip(u"Preleva ultima colonna vincente da Internet,   se disponibile."_s);
-    // The download from the update site comes with the network services.
-    imgDownload->setEnabled(false);
+    connect(imgDownload, &QPushButton::clicked, this, &FrmInserisci::scaricaUltima);
 
     auto *esempio = new QLabel(u"Es.: 1121X22122112X"_s, this);
     esempio->setObjectName(u"lblEsempio"_s);
@@ -161,5 +161,18 @@ void FrmInserisci::inserisci() {
         if (RegistroSchermi *registro = m_stato.registro())
             riapriDopoModificaArchivio(*registro, true);
         dialoghi.informazione(titolo, u"Inserimento effettuato."_s);
+    });
+}
+
+void FrmInserisci::scaricaUltima() {
+    eseguiProtetto(m_stato.dialoghi(), [&] {
+        Rete &rete = m_stato.rete();
+        if (!rete.verificaConnessione()) {
+            m_stato.dialoghi().critico(Dialoghi::titoloAggiornamenti(),
+                                       u"Nessuna connessione Internet attiva."_s);
+            return;
+        }
+        // The page comes padded: the check of the insertion must see the 14 signs alone.
+        m_txtColonna->setText(rete.scaricaPagina(u"/vespara/UltimaCV.html"_s).trimmed());
     });
 }

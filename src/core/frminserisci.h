@@ -19,6 +19,8 @@ public:
 private:
     void carica();
     void inserisci();
+    // imgDownload: the last winning column as the update site has it.
+    void scaricaUltima();
 
     StatoProgramma &m_stato;
     QLineEdit *m_txtStagione = nullptr;

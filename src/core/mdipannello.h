@@ -58,6 +58,8 @@ public:
     // The message indicator: the animation of new messages, and the rest picture.
     void avviaIndicatore();
     void fermaIndicatore();
+    // The indicator's button: its tool tip tells the state of the messages, a click opens them.
+    QPushButton *imgComm() const { return m_imgComm; }
 
     // Places a screen in the middle of the frame's area, and a control in the middle of its form.
     void centraSchermo(QWidget *schermo) const;

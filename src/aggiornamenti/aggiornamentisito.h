@@ -1,0 +1,122 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <array>
+#include <functional>
+#include <optional>
+
+class StatoProgramma;
+
+// The steps of the updates from the site, each written once and shared by every screen that
+// lists it: the archive, the league tables, the quotas, the coupons, the picchetti, the team
+// lists. A step stores whatever the site returned (an error page too): the only check is the
+// probe that the screens make first. The object lives for one update and keeps the memory copies
+// of the league tables and of the quotas that its steps read back.
+class AggiornamentiSito {
+public:
+    static constexpr int NumeroSerie = 7;
+    // The memory copies keep at most this many lines of their file.
+    static constexpr int RigheClassifica = 21;
+    static constexpr int RigheQuote = 25;
+
+    // Paths under the site's root.
+    static constexpr const char *PaginaVersione = "/Vespara/AggVer.html";
+    static constexpr const char *PaginaArchivio = "/AggiornamentiVp/ColonneTotocalcio.htm";
+    static constexpr const char *PaginaQuote = "/vespara/Quote.html";
+    static constexpr const char *PaginaStagione = "/vespara/Stagione2011-12.html";
+
+    // The texts of the boxes (UTF-8). The probe of the update screens, that of the quotas, and
+    // that of the season update each have their own wording.
+    static constexpr const char *SenzaConnessione =
+        "Per utilizzare questa funzione, è necessario essere collegati ad Internet.";
+    static constexpr const char *SenzaConnessioneQuote =
+        "Per utilizzare questa funzione è necessario essere collegati ad Internet.";
+    static constexpr const char *SenzaConnessioneStagione =
+        "Nessuna connessione Internet attiva. Impossibile aggiornare.";
+    static constexpr const char *DomandaStagione =
+        "Questa funzionerà aggiornerà il programma alla Stagione ";
+
+    // What the steps read back into memory: the league tables A..C2C and the quotas, each line
+    // trimmed of blanks.
+    struct Copie {
+        std::array<QStringList, NumeroSerie> classifiche;
+        QStringList quote;
+    };
+
+    explicit AggiornamentiSito(StatoProgramma &stato);
+
+    const Copie &copie() const { return m_copie; }
+
+    // VerificaConnessione.
+    bool verificaConnessione();
+
+    // The text trimmed of blanks (only blanks: line ends stay) at both ends.
+    static QString togliBlank(QStringView testo);
+    // A text's lines: split on LF, a CR before the LF dropped.
+    static QStringList righe(const QString &testo);
+    // The page fetched, trimmed of blanks and written to the data file as one print: its lines
+    // and a last line end. Returns the trimmed text.
+    QString scaricaInFile(const QString &percorso, const QString &nomeFile);
+    // The page fetched and trimmed, kept in memory only.
+    QString scaricaPagina(const QString &percorso);
+
+    // The page of the program's version: fetched and set aside, nothing depends on it.
+    QString scaricaVersione() { return scaricaPagina(QString::fromLatin1(PaginaVersione)); }
+
+    // The archive page split on LF: one piece per contest and an empty last piece.
+    QStringList scaricaArchivio();
+    // The fields of the last contest of the page (the piece before the last), split on blanks. A
+    // page without contests is a run-time fault.
+    static QStringList ultimaRiga(const QStringList &pezzi);
+    // The archive is rebuilt unless the site's last progressive is below the local count.
+    static bool daRicostruire(const QStringList &pezzi, int numeroColonne);
+    // The lines of Archivio.txt from the page: the progressive dropped, each field followed by
+    // one blank.
+    static QStringList righeArchivio(const QStringList &pezzi);
+    // Archivio.txt rewritten from the page, then table and memory rebuilt from it. The lines are
+    // checked as the loader reads them before the file is touched: a page it would refuse, or
+    // one without contests, is a run-time fault that leaves the archive as it was.
+    void ricostruisciArchivio(const QStringList &pezzi);
+
+    // AggiornaSerieA .. AggiornaSerieC2C (indice 0..6): the league table's file, its freshness
+    // flag, its memory copy (returned).
+    QStringList aggiornaSerie(int indice);
+    // The seven in order; `avanzamento` hears how many are done after each.
+    void aggiornaClassifiche(const std::function<void(int)> &avanzamento = {});
+    // CaricaMontepremi: Quote.txt and its memory copy (returned).
+    QStringList caricaMontepremi();
+    // AggiornaQuote: the probe, then CaricaMontepremi. Nothing when the probe fails.
+    std::optional<QStringList> aggiornaQuote();
+    // AggiornaSchedinaDomenica: the three coupons, the midweek one to its doubled name.
+    void aggiornaSchedinaDomenica();
+    // AggiornaSchedinaProssimoConcorso: the three coupons.
+    void aggiornaSchedinaProssimoConcorso();
+    // AggiornaPicchetto: Picchetto, PicchettoDomenica, PicchettoSabato.
+    void aggiornaPicchetto();
+
+    // What the full update does after the league tables: quotas, coupons, picchetti, coupons.
+    void aggiornaSchedine();
+    // The partial update of coupons: quotas, the three coupons, the three picchetti.
+    void aggiornaSchedineEPicchetti();
+
+    // The foreign team lists: the old files deleted, then each league's list fetched to a file
+    // named as on the site (SerieInghilterra.txt .. SerieArgentinaAp.txt).
+    void aggiornaConcorsiStranieri();
+    // The season the site offers (its page, trimmed).
+    QString stagioneSulSito() { return scaricaPagina(QString::fromLatin1(PaginaStagione)); }
+    // The Italian team lists of the new season: SerieA.txt .. SerieC2C.txt.
+    void aggiornaSquadreItaliane();
+
+    // The names of the files the steps write.
+    static QString fileClassifica(int indice);
+    static QString fileSquadreSito(const char *codice);
+
+private:
+    QStringList leggiCopia(const QString &nomeFile, int massimo) const;
+    void scaricaSchedine(const QString &fileInfrasettimanale);
+
+    StatoProgramma &m_stato;
+    Copie m_copie;
+};

@@ -1,0 +1,149 @@
+#include "aggiornamenti/frminternet.h"
+
+#include "aggiornamenti/aggiornamentisito.h"
+#include "core/frmattendere.h"
+#include "core/mdistile.h"
+#include "core/registroschermi.h"
+#include "core/statoprogramma.h"
+#include "piattaforma/dialoghi.h"
+#include "piattaforma/guardia.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The waiting box's bar: the start, then one step per league table.
+constexpr int FineBarra = 8;
+
+QString testo(const char *utf8) {
+    return QString::fromUtf8(utf8);
+}
+
+} // namespace
+
+FrmInternet::Clessidra::Clessidra() {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+void FrmInternet::Clessidra::rilascia() {
+    if (m_attiva)
+        QApplication::restoreOverrideCursor();
+    m_attiva = false;
+}
+
+FrmInternet::FrmInternet(StatoProgramma &stato, QWidget *genitore)
+    : QWidget(genitore)
+    , m_stato(stato) {
+    setObjectName(u"frmInternet"_s);
+    QPushButton *cmdAggiorna =
+        componi(this, u"Aggiornamento da Internet"_s,
+                u"Aggiorna dal sito di Vespara l'archivio delle colonne vincenti, le classifiche "
+                "del campionato italiano, le quote, le schedine e i picchetti del prossimo "
+                "concorso.\n\nÈ necessario essere collegati ad Internet."_s);
+    connect(cmdAggiorna, &QPushButton::clicked, this, &FrmInternet::aggiorna);
+}
+
+FrmInternet::~FrmInternet() = default;
+
+QPushButton *FrmInternet::componi(QWidget *schermo, const QString &titolo,
+                                  const QString &spiegazione) {
+    schermo->setWindowTitle(titolo);
+    auto *lblTitolo = new QLabel(titolo, schermo);
+    lblTitolo->setObjectName(u"lblTitolo"_s);
+    MdiStile::grassetto(lblTitolo, 1.3);
+    auto *lblSpiegazione = new QLabel(spiegazione, schermo);
+    lblSpiegazione->setObjectName(u"lblSpiegazione"_s);
+    lblSpiegazione->setWordWrap(true);
+    lblSpiegazione->setMinimumWidth(360);
+
+    auto *cmdAggiorna = new QPushButton(u"Aggiorna"_s, schermo);
+    cmdAggiorna->setObjectName(u"cmdAggiorna"_s);
+    cmdAggiorna->setDefault(true);
+    auto *cmdChiudi = new QPushButton(u"Chiudi"_s, schermo);
+    cmdChiudi->setObjectName(u"cmdChiudi"_s);
+    QObject::connect(cmdChiudi, &QPushButton::clicked, schermo, &QWidget::close);
+    auto *pulsanti = new QHBoxLayout;
+    pulsanti->addStretch(1);
+    pulsanti->addWidget(cmdAggiorna);
+    pulsanti->addWidget(cmdChiudi);
+
+    auto *layout = new QVBoxLayout(schermo);
+    layout->setContentsMargins(14, 14, 14, 14);
+    layout->addWidget(lblTitolo);
+    layout->addSpacing(6);
+    layout->addWidget(lblSpiegazione);
+    layout->addSpacing(10);
+    layout->addLayout(pulsanti);
+    return cmdAggiorna;
+}
+
+bool FrmInternet::collegato(StatoProgramma &stato, AggiornamentiSito &sito) {
+    if (sito.verificaConnessione())
+        return true;
+    stato.dialoghi().critico(Dialoghi::titoloAggiornamenti(),
+                             testo(AggiornamentiSito::SenzaConnessione));
+    return false;
+}
+
+void FrmInternet::aggiornaParziale(StatoProgramma &stato,
+                                   const std::function<void(AggiornamentiSito &)> &passi,
+                                   const QString &testoFinale, bool riapri) {
+    // Only locals from here on: reopening the panel closes the calling screen.
+    eseguiProtetto(stato.dialoghi(), [&] {
+        AggiornamentiSito sito(stato);
+        if (!collegato(stato, sito))
+            return;
+        Clessidra clessidra;
+        passi(sito);
+        if (RegistroSchermi *registro = stato.registro(); riapri && registro)
+            riapriDopoModificaArchivio(*registro, false);
+        clessidra.rilascia();
+        stato.dialoghi().informazione(Dialoghi::titoloAggiornamenti(), testoFinale);
+    });
+}
+
+void FrmInternet::aggiorna() {
+    StatoProgramma &stato = m_stato;
+    eseguiProtetto(stato.dialoghi(), [&stato] {
+        Dialoghi &dialoghi = stato.dialoghi();
+        const QString titolo = Dialoghi::titoloAggiornamenti();
+        AggiornamentiSito sito(stato);
+        if (!collegato(stato, sito))
+            return;
+        Clessidra clessidra;
+        sito.scaricaVersione();
+        const QStringList archivio = sito.scaricaArchivio();
+        const bool ricostruire = AggiornamentiSito::daRicostruire(archivio, stato.NumeroColonne());
+        RegistroSchermi *registro = stato.registro();
+        {
+            FrmAttendere attesa(registro ? registro->finestra() : nullptr);
+            attesa.setIntervallo(0, FineBarra);
+            attesa.setValore(1);
+            attesa.show();
+            QApplication::processEvents();
+            if (ricostruire)
+                sito.ricostruisciArchivio(archivio);
+            sito.aggiornaClassifiche([&attesa](int fatte) {
+                attesa.setValore(1 + fatte);
+                QApplication::processEvents();
+            });
+            sito.aggiornaSchedine();
+            attesa.close();
+        }
+        // This screen closes here: the rest runs on locals only.
+        if (registro)
+            riapriDopoModificaArchivio(*registro, false);
+        if (!sito.aggiornaQuote())
+            dialoghi.critico(titolo, testo(AggiornamentiSito::SenzaConnessioneQuote));
+        if (registro)
+            registro->aggiornaCruscotto();
+        clessidra.rilascia();
+        dialoghi.informazione(titolo, u"Aggiornamento effettuato."_s);
+    });
+}

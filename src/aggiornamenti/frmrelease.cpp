@@ -1,0 +1,56 @@
+#include "aggiornamenti/frmrelease.h"
+
+#include "aggiornamenti/rete.h"
+#include "core/statoprogramma.h"
+#include "piattaforma/dialoghi.h"
+#include "piattaforma/guardia.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QTextBrowser>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+FrmRelease::FrmRelease(StatoProgramma &stato, QWidget *genitore)
+    : QWidget(genitore)
+    , m_stato(stato) {
+    setObjectName(u"frmRelease"_s);
+    setWindowTitle(QString::fromUtf16(Titolo));
+
+    m_browser = new QTextBrowser(this);
+    m_browser->setObjectName(u"WebBrowser1"_s);
+    m_browser->setReadOnly(true);
+    // Links leave the program: the desktop's browser shows them.
+    m_browser->setOpenLinks(false);
+    connect(m_browser, &QTextBrowser::anchorClicked, this, [this](const QUrl &indirizzo) {
+        eseguiProtetto(m_stato.dialoghi(), [&] { apriCollegamento(indirizzo); });
+    });
+
+    auto *cmdChiudi = new QPushButton(u"Chiudi"_s, this);
+    cmdChiudi->setObjectName(u"cmdChiudi"_s);
+    connect(cmdChiudi, &QPushButton::clicked, this, &QWidget::close);
+    auto *pulsanti = new QHBoxLayout;
+    pulsanti->addStretch();
+    pulsanti->addWidget(cmdChiudi);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(8, 8, 8, 8);
+    layout->addWidget(m_browser, 1);
+    layout->addLayout(pulsanti);
+    resize(640, 460);
+
+    const QString testo = m_stato.rete().scaricaTesto(QString::fromUtf16(Pagina));
+    if (testo.trimmed().isEmpty())
+        m_browser->setPlainText(QString::fromUtf16(Assente));
+    else
+        m_browser->setHtml(testo);
+}
+
+FrmRelease::~FrmRelease() = default;
+
+void FrmRelease::apriCollegamento(const QUrl &indirizzo) {
+    // A link of the page is relative to the page itself.
+    const QUrl pagina = m_stato.rete().url(QString::fromUtf16(Pagina));
+    m_stato.dialoghi().apriConDesktop(pagina.resolved(indirizzo));
+}
