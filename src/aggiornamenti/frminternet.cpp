@@ -91,9 +91,10 @@ bool FrmInternet::collegato(StatoProgramma &stato, AggiornamentiSito &sito) {
     return false;
 }
 
-void FrmInternet::aggiornaParziale(StatoProgramma &stato,
-                                   const std::function<void(AggiornamentiSito &)> &passi,
-                                   const QString &testoFinale, bool riapri) {
+void FrmInternet::aggiornaParziale(
+    StatoProgramma &stato, const std::function<void(AggiornamentiSito &)> &passi,
+    const std::function<void(StatoProgramma &, AggiornamentiSito &)> &dopo,
+    const QString &testoFinale, bool riapri) {
     // Only locals from here on: reopening the panel closes the calling screen.
     eseguiProtetto(stato.dialoghi(), [&] {
         AggiornamentiSito sito(stato);
@@ -103,6 +104,8 @@ void FrmInternet::aggiornaParziale(StatoProgramma &stato,
         passi(sito);
         if (RegistroSchermi *registro = stato.registro(); riapri && registro)
             riapriDopoModificaArchivio(*registro, false);
+        if (dopo)
+            dopo(stato, sito);
         clessidra.rilascia();
         stato.dialoghi().informazione(Dialoghi::titoloAggiornamenti(), testoFinale);
     });

@@ -24,10 +24,12 @@ public:
     // The probe of the update screens; its box when it fails.
     static bool collegato(StatoProgramma &stato, AggiornamentiSito &sito);
     // A partial update: the probe, the steps under the hourglass, the screens closed and the
-    // panel opened again when `riapri`, then the final box. Runs as one guarded event.
-    static void aggiornaParziale(StatoProgramma &stato,
-                                 const std::function<void(AggiornamentiSito &)> &passi,
-                                 const QString &testoFinale, bool riapri);
+    // panel opened again when `riapri`, what comes after that, then the final box. Runs as one
+    // guarded event.
+    static void aggiornaParziale(
+        StatoProgramma &stato, const std::function<void(AggiornamentiSito &)> &passi,
+        const std::function<void(StatoProgramma &, AggiornamentiSito &)> &dopo,
+        const QString &testoFinale, bool riapri);
 
     // The hourglass, from its creation until it is released or goes.
     class Clessidra {

@@ -1,12 +1,7 @@
 #include "aggiornamenti/mdiaggiornamentisito.h"
 
 #include "aggiornamenti/aggiornamentisito.h"
-#include "aggiornamenti/frmaggiornaconcorsistranieri.h"
-#include "aggiornamenti/frmaggiornasoloarchivi.h"
-#include "aggiornamenti/frmaggiornasoloclassifiche.h"
-#include "aggiornamenti/frmaggiornasolopicchetto.h"
-#include "aggiornamenti/frmaggiornasoloschedinamontepremi.h"
-#include "aggiornamenti/frmaggiornasoloschedinaprossimoconcorso.h"
+#include "aggiornamenti/frmaggiornamentoparziale.h"
 #include "aggiornamenti/frminternet.h"
 #include "core/mdipannello.h"
 #include "core/statoprogramma.h"
@@ -61,15 +56,12 @@ void aggiornaCampionato(StatoProgramma &stato) {
 
 void MdiAggiornamentiSito::registra(MdiPannello &pannello) {
     registraSchermo<FrmInternet>(pannello, u"frmInternet"_s);
-    registraSchermo<FrmAggiornaSoloArchivi>(pannello, u"frmAggiornaSoloArchivi"_s);
-    registraSchermo<FrmAggiornaSoloClassifiche>(pannello, u"frmAggiornaSoloClassifiche"_s);
-    registraSchermo<FrmAggiornaSoloSchedinaMontepremi>(pannello,
-                                                       u"frmAggiornaSoloSchedinaMontepremi"_s);
-    // These two have no menu entry of their own.
-    registraSchermo<FrmAggiornaSoloPicchetto>(pannello, u"frmAggiornaSoloPicchetto"_s);
-    registraSchermo<FrmAggiornaSoloSchedinaProssimoConcorso>(
-        pannello, u"frmAggiornaSoloSchedinaProssimoConcorso"_s);
-    registraSchermo<FrmAggiornaConcorsiStranieri>(pannello, u"frmAggiornaConcorsiStranieri"_s);
+    // Two of the partial updates have no menu entry of their own.
+    for (const FrmAggiornamentoParziale::Parziale &parziale : FrmAggiornamentoParziale::tutti())
+        pannello.registraSchermo(QString::fromLatin1(parziale.nome),
+                                 [&parziale](StatoProgramma &stato, MdiPannello &) {
+                                     return new FrmAggiornamentoParziale(stato, parziale);
+                                 });
 
     StatoProgramma &stato = pannello.stato();
     pannello.registraAzione(u"mnuAggQuote"_s, [&stato] { aggiornaQuote(stato); });
