@@ -10,8 +10,7 @@
 
 using namespace Qt::StringLiterals;
 
-const QList<FrmAggiornamentoParziale::Parziale> &FrmAggiornamentoParziale::tutti()
-{
+const QList<FrmAggiornamentoParziale::Parziale> &FrmAggiornamentoParziale::tutti() {
     static const QList<Parziale> elenco{
         {"frmAggiornaSoloArchivi", "Aggiorna/Ripara archivi",
          "Scarica dal sito di Vespara l'archivio completo delle colonne vincenti e ricostruisce da "
@@ -28,38 +27,52 @@ const QList<FrmAggiornamentoParziale::Parziale> &FrmAggiornamentoParziale::tutti
                  stato.registro()->aggiornaCruscotto();
          },
          "Gli archivi sono stati aggiornati.", true},
-        {"frmAggiornaSoloClassifiche", "Aggiorna classifiche",
+        {"frmAggiornaSoloClassifiche",
+         "Aggiorna classifiche",
          "Aggiorna dal sito di Vespara le classifiche delle sette serie del campionato italiano.",
-         [](AggiornamentiSito &sito) { sito.aggiornaClassifiche(); }, {},
-         "Le classifiche sono state aggiornate.", true},
-        {"frmAggiornaSoloSchedinaMontepremi", "Aggiorna schedine e picchetti",
+         [](AggiornamentiSito &sito) { sito.aggiornaClassifiche(); },
+         {},
+         "Le classifiche sono state aggiornate.",
+         true},
+        {"frmAggiornaSoloSchedinaMontepremi",
+         "Aggiorna schedine e picchetti",
          "Aggiorna dal sito di Vespara le quote, le tre schedine e i tre picchetti.",
-         [](AggiornamentiSito &sito) { sito.aggiornaSchedineEPicchetti(); }, {},
-         "Le schedine sono state aggiornate.", true},
-        {"frmAggiornaSoloPicchetto", "Aggiorna picchetti",
+         [](AggiornamentiSito &sito) { sito.aggiornaSchedineEPicchetti(); },
+         {},
+         "Le schedine sono state aggiornate.",
+         true},
+        {"frmAggiornaSoloPicchetto",
+         "Aggiorna picchetti",
          "Aggiorna dal sito di Vespara i tre picchetti del prossimo concorso.",
-         [](AggiornamentiSito &sito) { sito.aggiornaPicchetto(); }, {},
-         "I Picchetti sono stati aggiornati.", true},
-        {"frmAggiornaSoloSchedinaProssimoConcorso", "Aggiorna montepremi e quote",
+         [](AggiornamentiSito &sito) { sito.aggiornaPicchetto(); },
+         {},
+         "I Picchetti sono stati aggiornati.",
+         true},
+        {"frmAggiornaSoloSchedinaProssimoConcorso",
+         "Aggiorna montepremi e quote",
          "Aggiorna dal sito di Vespara il montepremi e le quote.",
-         [](AggiornamentiSito &sito) { sito.caricaMontepremi(); }, {},
-         "Il Montepremi e le Quote sono stati aggiornati.", true},
+         [](AggiornamentiSito &sito) { sito.caricaMontepremi(); },
+         {},
+         "Il Montepremi e le Quote sono stati aggiornati.",
+         true},
         // The team lists touch no figure of an open screen: the screens stay open.
-        {"frmAggiornaConcorsiStranieri", "Aggiorna campionati stranieri",
+        {"frmAggiornaConcorsiStranieri",
+         "Aggiorna campionati stranieri",
          "Aggiorna dal sito di Vespara le squadre dei dodici campionati stranieri. Le liste "
          "attuali delle squadre straniere vengono sostituite.",
-         [](AggiornamentiSito &sito) { sito.aggiornaConcorsiStranieri(); }, {},
-         "Il programma è stato aggiornato correttamente per i Concorsi stranieri.", false},
+         [](AggiornamentiSito &sito) { sito.aggiornaConcorsiStranieri(); },
+         {},
+         "Il programma è stato aggiornato correttamente per i Concorsi stranieri.",
+         false},
     };
     return elenco;
 }
 
-FrmAggiornamentoParziale::FrmAggiornamentoParziale(StatoProgramma &stato,
-                                                   const Parziale &parziale, QWidget *genitore)
+FrmAggiornamentoParziale::FrmAggiornamentoParziale(StatoProgramma &stato, const Parziale &parziale,
+                                                   QWidget *genitore)
     : QWidget(genitore)
     , m_stato(stato)
-    , m_parziale(parziale)
-{
+    , m_parziale(parziale) {
     setObjectName(QString::fromLatin1(parziale.nome));
     QPushButton *cmdAggiorna = FrmInternet::componi(this, QString::fromUtf8(parziale.titolo),
                                                     QString::fromUtf8(parziale.spiegazione));

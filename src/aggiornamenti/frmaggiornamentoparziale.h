@@ -8,12 +8,10 @@ class AggiornamentiSito;
 class StatoProgramma;
 
 // The partial updates of the "Aggiorna da Internet" menu: one screen, shaped by what it updates.
-class FrmAggiornamentoParziale : public QWidget
-{
+class FrmAggiornamentoParziale : public QWidget {
     Q_OBJECT
 public:
-    struct Parziale
-    {
+    struct Parziale {
         const char *nome;        // the screen's name, such as "frmAggiornaSoloClassifiche"
         const char *titolo;      // its caption
         const char *spiegazione; // what it does, for the user

@@ -26,10 +26,10 @@ public:
     // A partial update: the probe, the steps under the hourglass, the screens closed and the
     // panel opened again when `riapri`, what comes after that, then the final box. Runs as one
     // guarded event.
-    static void aggiornaParziale(
-        StatoProgramma &stato, const std::function<void(AggiornamentiSito &)> &passi,
-        const std::function<void(StatoProgramma &, AggiornamentiSito &)> &dopo,
-        const QString &testoFinale, bool riapri);
+    static void
+    aggiornaParziale(StatoProgramma &stato, const std::function<void(AggiornamentiSito &)> &passi,
+                     const std::function<void(StatoProgramma &, AggiornamentiSito &)> &dopo,
+                     const QString &testoFinale, bool riapri);
 
     // The hourglass, from its creation until it is released or goes.
     class Clessidra {

@@ -1,6 +1,7 @@
 #include "aggiornamenti/messaggi.h"
 
 #include "aggiornamenti/rete.h"
+#include "core/numeritesto.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 
@@ -31,15 +32,7 @@ QString Messaggi::paginaLink() {
 }
 
 int Messaggi::numero(const QString &testo) {
-    const QString t = testo.trimmed();
-    qsizetype fine = 0;
-    if (fine < t.size() && (t[fine] == u'-' || t[fine] == u'+'))
-        ++fine;
-    while (fine < t.size() && t[fine].isDigit() && t[fine].unicode() < 128)
-        ++fine;
-    bool ok = false;
-    const int n = t.left(fine).toInt(&ok);
-    return ok ? n : 0;
+    return int(std::clamp<qint64>(NumeriTesto::valore(testo), INT_MIN, INT_MAX));
 }
 
 QStringList Messaggi::pezzi(const QString &testo) {

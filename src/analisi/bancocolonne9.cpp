@@ -1,5 +1,6 @@
 #include "analisi/bancocolonne9.h"
 
+#include "core/numeritesto.h"
 #include "piattaforma/griglia.h"
 
 using namespace Qt::StringLiterals;
@@ -129,15 +130,7 @@ BancoColonne9::Messaggio BancoColonne9::controllare() {
 }
 
 int BancoColonne9::valore(const QString &testo) {
-    const QStringView t = QStringView(testo).trimmed();
-    qsizetype i = 0;
-    bool negativo = false;
-    if (i < t.size() && (t.at(i) == u'-' || t.at(i) == u'+'))
-        negativo = t.at(i++) == u'-';
-    long long n = 0;
-    for (; i < t.size() && t.at(i).isDigit() && n < 1000000000; ++i)
-        n = n * 10 + t.at(i).digitValue();
-    return int(negativo ? -n : n);
+    return int(std::clamp<qint64>(NumeriTesto::valore(testo), -1000000000, 1000000000));
 }
 
 bool BancoColonne9::haFormula(const QString &c, int uno, int x, int due) {

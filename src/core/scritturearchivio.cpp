@@ -2,6 +2,7 @@
 
 #include "core/archivio.h"
 #include "core/colonna.h"
+#include "core/numeritesto.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
@@ -18,21 +19,7 @@ bool ScrittureArchivio::colonnaValida(const QString &colonna) {
 }
 
 qint64 ScrittureArchivio::numero(QStringView testo) {
-    qsizetype i = 0;
-    while (i < testo.size() && testo.at(i) == u' ')
-        ++i;
-    bool negativo = false;
-    if (i < testo.size() && (testo.at(i) == u'-' || testo.at(i) == u'+')) {
-        negativo = testo.at(i) == u'-';
-        ++i;
-    }
-    // Far beyond any contest number: more digits no longer change the comparison.
-    constexpr qint64 Limite = 1'000'000'000'000'000;
-    qint64 valore = 0;
-    for (; i < testo.size() && testo.at(i).isDigit() && testo.at(i).unicode() < 128; ++i)
-        if (valore < Limite)
-            valore = valore * 10 + (testo.at(i).unicode() - u'0');
-    return negativo ? -valore : valore;
+    return NumeriTesto::valore(testo);
 }
 
 QStringList ScrittureArchivio::righeConNuova(const QStringList &righeFile, const QString &nuova) {
