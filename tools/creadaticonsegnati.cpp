@@ -3,6 +3,7 @@
 //
 //   creadaticonsegnati <partite-italia.csv> <cartella di uscita>
 
+#include "campionati/partitereali.h"
 #include "core/colonna.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
@@ -11,9 +12,7 @@
 #include <QDate>
 #include <QDir>
 #include <QFile>
-#include <QRegularExpression>
 #include <QSet>
-#include <QStringDecoder>
 #include <QTextStream>
 
 #include <algorithm>
@@ -34,20 +33,7 @@ const auto StagioneSerieC = u"2024-25"_s;
 constexpr int PartiteSerieA = 10;
 constexpr int PartiteSerieB = 4;
 
-const auto Intestazione = u"stagione;lega;giornata;data;casa;ospite;gol_casa;gol_ospite"_s;
-constexpr int NumeroCampi = 8;
-
-struct Partita {
-    QString stagione;
-    QString lega;
-    int giornata = 0;
-    QDate data;
-    QString casa;
-    QString ospite;
-    int golCasa = 0;
-    int golOspite = 0;
-    int riga = 0; // line in the file, for messages
-};
+using Partita = PartiteReali::Partita;
 
 QTextStream &uscita() {
     static QTextStream flusso(stdout);
@@ -56,112 +42,6 @@ QTextStream &uscita() {
 
 int primoAnno(const QString &stagione) {
     return stagione.left(4).toInt();
-}
-
-int leggiGol(const QString &testo, int riga) {
-    static const QRegularExpression cifre(u"^[0-9]{1,2}$"_s);
-    if (!cifre.match(testo).hasMatch())
-        throw ErroreEsecuzione(u"Riga %1: punteggio non valido \"%2\"."_s.arg(riga).arg(testo));
-    return testo.toInt();
-}
-
-Partita leggiPartita(const QString &linea, int riga) {
-    const QStringList campi = linea.split(u';');
-    if (campi.size() != NumeroCampi)
-        throw ErroreEsecuzione(
-            u"Riga %1: %2 campi invece di %3."_s.arg(riga).arg(campi.size()).arg(NumeroCampi));
-    Partita p;
-    p.riga = riga;
-    p.stagione = campi.at(0).trimmed();
-    static const QRegularExpression formaStagione(u"^([0-9]{4})-([0-9]{2})$"_s);
-    const auto stagione = formaStagione.match(p.stagione);
-    if (!stagione.hasMatch() ||
-        (stagione.captured(1).toInt() + 1) % 100 != stagione.captured(2).toInt())
-        throw ErroreEsecuzione(u"Riga %1: stagione non valida \"%2\"."_s.arg(riga).arg(p.stagione));
-
-    p.lega = campi.at(1).trimmed();
-    static const QStringList leghe{u"A"_s, u"B"_s, u"CA"_s, u"CB"_s, u"CC"_s};
-    if (!leghe.contains(p.lega))
-        throw ErroreEsecuzione(u"Riga %1: lega sconosciuta \"%2\"."_s.arg(riga).arg(p.lega));
-
-    bool ok = false;
-    p.giornata = campi.at(2).trimmed().toInt(&ok);
-    if (!ok || p.giornata < 1)
-        throw ErroreEsecuzione(
-            u"Riga %1: giornata non valida \"%2\"."_s.arg(riga).arg(campi.at(2)));
-
-    p.data = QDate::fromString(campi.at(3).trimmed(), Qt::ISODate);
-    if (!p.data.isValid())
-        throw ErroreEsecuzione(u"Riga %1: data non valida \"%2\"."_s.arg(riga).arg(campi.at(3)));
-
-    p.casa = campi.at(4).trimmed();
-    p.ospite = campi.at(5).trimmed();
-    if (p.casa.isEmpty() || p.ospite.isEmpty())
-        throw ErroreEsecuzione(u"Riga %1: manca il nome di una squadra."_s.arg(riga));
-
-    p.golCasa = leggiGol(campi.at(6).trimmed(), riga);
-    p.golOspite = leggiGol(campi.at(7).trimmed(), riga);
-    return p;
-}
-
-QList<Partita> leggiPartite(const QString &percorso) {
-    QFile file(percorso);
-    if (!file.open(QIODevice::ReadOnly))
-        throw ErroreEsecuzione(u"Impossibile leggere il file %1: %2"_s.arg(
-            QDir::toNativeSeparators(percorso), file.errorString()));
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    const QString testo = utf8(file.readAll());
-    if (utf8.hasError())
-        throw ErroreEsecuzione(
-            u"Il file %1 non è testo UTF-8."_s.arg(QDir::toNativeSeparators(percorso)));
-
-    QStringList linee = testo.split(u'\n');
-    for (QString &linea : linee)
-        if (linea.endsWith(u'\r'))
-            linea.chop(1);
-    if (linee.isEmpty() || linee.first().trimmed() != Intestazione)
-        throw ErroreEsecuzione(u"Il file %1 non comincia con l'intestazione \"%2\"."_s.arg(
-            QDir::toNativeSeparators(percorso), Intestazione));
-
-    QList<Partita> partite;
-    for (int i = 1; i < linee.size(); ++i)
-        if (!linee.at(i).trimmed().isEmpty())
-            partite.append(leggiPartita(linee.at(i), i + 1));
-    if (partite.isEmpty())
-        throw ErroreEsecuzione(
-            u"Il file %1 non contiene partite."_s.arg(QDir::toNativeSeparators(percorso)));
-    return partite;
-}
-
-// The source writes some dates of a season with the year before its true one (the summer 2020
-// matches of 2019-20 carry 2019). No match of a league can precede the opening of its first
-// round, so such a date is moved on one year; every correction is printed.
-void correggiDate(QList<Partita> &partite) {
-    std::map<std::pair<QString, QString>, QDate> apertura;
-    for (const Partita &p : std::as_const(partite)) {
-        if (p.giornata != 1)
-            continue;
-        QDate &d = apertura[{p.stagione, p.lega}];
-        if (!d.isValid() || p.data < d)
-            d = p.data;
-    }
-    std::map<std::pair<QString, QString>, int> corrette;
-    for (Partita &p : partite) {
-        const auto trovata = apertura.find({p.stagione, p.lega});
-        if (trovata == apertura.end() || p.data >= trovata->second)
-            continue;
-        const QDate nuova = p.data.addYears(1);
-        if (nuova < trovata->second)
-            throw ErroreEsecuzione(
-                u"Riga %1: la data %2 è fuori dalla stagione %3."_s.arg(p.riga).arg(
-                    p.data.toString(Qt::ISODate), p.stagione));
-        p.data = nuova;
-        ++corrette[{p.stagione, p.lega}];
-    }
-    for (const auto &[chiave, numero] : corrette)
-        uscita() << u"Corrette %1 date di %2 lega %3: precedevano l'inizio della stagione, "
-                    u"anno spostato di uno.\n"_s.arg(numero)
-                        .arg(chiave.first, chiave.second);
 }
 
 using Giornate = std::map<std::pair<QString, int>, QList<Partita>>;
@@ -263,10 +143,11 @@ void scrivi(const QDir &cartella, const QString &nome, const QStringList &righe,
 }
 
 void creaDati(const QString &percorsoPartite, const QString &percorsoUscita) {
-    QList<Partita> partite = leggiPartite(percorsoPartite);
+    QList<Partita> partite = PartiteReali::leggi(percorsoPartite);
     uscita() << u"Lette %1 partite da %2.\n"_s.arg(partite.size())
                     .arg(QDir::toNativeSeparators(percorsoPartite));
-    correggiDate(partite);
+    for (const QString &correzione : PartiteReali::correggiDate(partite))
+        uscita() << correzione << u'\n';
 
     if (!QDir().mkpath(percorsoUscita))
         throw ErroreEsecuzione(

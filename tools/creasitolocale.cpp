@@ -6,6 +6,7 @@
 //   creasitolocale <cartella dati> <cartella sito> [partite-italia.csv]
 
 #include "campionati/leghe.h"
+#include "campionati/partitereali.h"
 #include "core/archiviocolonne.h"
 #include "core/colonna.h"
 #include "piattaforma/erroreesecuzione.h"
@@ -18,7 +19,6 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSaveFile>
-#include <QStringDecoder>
 #include <QTextStream>
 
 #include <algorithm>
@@ -128,59 +128,7 @@ QByteArray leggiByte(const QString &file) {
 
 // --- Real results ----------------------------------------------------------------------------
 
-struct Partita {
-    QString stagione;
-    QString lega;
-    QDate data;
-    QString casa;
-    QString ospite;
-    int golCasa = 0;
-    int golOspite = 0;
-};
-
-QList<Partita> leggiPartite(const QString &percorso) {
-    static const auto intestazione =
-        u"stagione;lega;giornata;data;casa;ospite;gol_casa;gol_ospite"_s;
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    const QString testo = utf8(leggiByte(percorso));
-    if (utf8.hasError())
-        throw ErroreEsecuzione(u"Il file %1 non è testo UTF-8."_s.arg(nativo(percorso)));
-    QStringList linee = testo.split(u'\n');
-    for (QString &linea : linee)
-        if (linea.endsWith(u'\r'))
-            linea.chop(1);
-    if (linee.first().trimmed() != intestazione)
-        throw ErroreEsecuzione(u"Il file %1 non comincia con l'intestazione \"%2\"."_s.arg(
-            nativo(percorso), intestazione));
-
-    static const QRegularExpression gol(u"^[0-9]{1,2}$"_s);
-    QList<Partita> partite;
-    for (int i = 1; i < linee.size(); ++i) {
-        if (linee.at(i).trimmed().isEmpty())
-            continue;
-        const QStringList campi = linee.at(i).split(u';');
-        if (campi.size() != 8)
-            throw ErroreEsecuzione(u"%1, riga %2: %3 campi invece di 8."_s.arg(nativo(percorso))
-                                       .arg(i + 1)
-                                       .arg(campi.size()));
-        Partita p;
-        p.stagione = campi.at(0).trimmed();
-        p.lega = campi.at(1).trimmed();
-        p.data = QDate::fromString(campi.at(3).trimmed(), Qt::ISODate);
-        p.casa = campi.at(4).trimmed().toUpper();
-        p.ospite = campi.at(5).trimmed().toUpper();
-        const QString golCasa = campi.at(6).trimmed();
-        const QString golOspite = campi.at(7).trimmed();
-        if (!p.data.isValid() || p.casa.isEmpty() || p.ospite.isEmpty() ||
-            !gol.match(golCasa).hasMatch() || !gol.match(golOspite).hasMatch())
-            throw ErroreEsecuzione(u"%1, riga %2: partita non valida \"%3\"."_s.arg(
-                nativo(percorso), QString::number(i + 1), linee.at(i)));
-        p.golCasa = golCasa.toInt();
-        p.golOspite = golOspite.toInt();
-        partite.append(p);
-    }
-    return partite;
-}
+using Partita = PartiteReali::Partita;
 
 // --- League tables ---------------------------------------------------------------------------
 
@@ -278,11 +226,12 @@ void classificaCalcolata(Sito &sito, const Leghe::Lega &lega, const QList<Partit
         if (p.stagione != stagione || p.lega != codiceLega)
             continue;
         ++numero;
-        Squadra &casa = squadre[p.casa];
-        casa.nome = p.casa;
+        // The program's team lists and tables hold the names in upper case.
+        Squadra &casa = squadre[p.casa.toUpper()];
+        casa.nome = p.casa.toUpper();
         casa.casa.aggiungi(p.golCasa, p.golOspite);
-        Squadra &ospite = squadre[p.ospite];
-        ospite.nome = p.ospite;
+        Squadra &ospite = squadre[p.ospite.toUpper()];
+        ospite.nome = p.ospite.toUpper();
         ospite.fuori.aggiungi(p.golOspite, p.golCasa);
         ultima = std::max(ultima, p.data);
     }
@@ -581,7 +530,8 @@ void creaSito(const QString &dati, const QString &cartellaSito, const QString &r
         if (!FileDati::esiste(dati, nome))
             throw ErroreEsecuzione(
                 u"Nella cartella dati %1 manca il file %2."_s.arg(nativo(dati), nome));
-    const QList<Partita> partite = risultati.isEmpty() ? QList<Partita>() : leggiPartite(risultati);
+    const QList<Partita> partite =
+        risultati.isEmpty() ? QList<Partita>() : PartiteReali::leggi(risultati);
     if (!risultati.isEmpty())
         uscita() << u"Lette %1 partite da %2.\n"_s.arg(partite.size()).arg(nativo(risultati));
 
