@@ -436,7 +436,7 @@ void TstSitoLocale::ingressoSbagliato_data() {
     QTest::newRow("cartella dati senza archivio") << u"vuota"_s << 1 << u"Archivio.txt"_s;
     QTest::newRow("risultati senza intestazione") << u"intestazione"_s << 1 << u"intestazione"_s;
     QTest::newRow("risultati senza Serie C") << u"senzaserieC"_s << 1 << u"Nessuna partita"_s;
-    QTest::newRow("punteggio non valido") << u"punteggio"_s << 1 << u"partita non valida"_s;
+    QTest::newRow("punteggio non valido") << u"punteggio"_s << 1 << u"punteggio non valido"_s;
 }
 
 void TstSitoLocale::ingressoSbagliato() {
