@@ -202,6 +202,7 @@ public:
         auto *cmd = frm->findChild<QPushButton *>(u"cmdAggiorna"_s);
         if (!cmd || cmd->text() != u"Aggiorna"_s)
             return false;
+        AmbienteProva::fotografa(a.pannello().window(), schermo);
         QTest::mouseClick(cmd, Qt::LeftButton);
         return true;
     }

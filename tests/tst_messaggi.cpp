@@ -467,6 +467,7 @@ void TstMessaggi::apriComunicazioniNuove() {
     QVERIFY(!b.lampeggia());
     QCOMPARE(b.suggerimento(), u"Non ci sono nuovi messaggi."_s);
     QVERIFY(b.w<QLabel>(frm, u"imgNew"_s)->isVisible());
+    AmbienteProva::fotografa(b.a.pannello().window(), u"comunicazioni"_s);
     // The last message is on show.
     QCOMPARE(frm->archivio().NumeroComunicazioni(), 3);
     QCOMPARE(frm->archivio().ComunicazioneCorrente(), 3);

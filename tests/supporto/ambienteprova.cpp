@@ -5,6 +5,7 @@
 #include "core/statoprogramma.h"
 #include "piattaforma/filedati.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTest>
@@ -82,5 +83,7 @@ void AmbienteProva::fotografa(QWidget *w, const QString &nome) {
     if (cartella.isEmpty() || !w)
         return;
     QDir().mkpath(cartella);
+    // What the user sees: the layouts settled, as after any event.
+    QCoreApplication::processEvents();
     w->grab().save(QDir(cartella).filePath(nome + u".png"_s));
 }
