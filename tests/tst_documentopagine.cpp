@@ -1,3 +1,5 @@
+#include "supporto/strumentiprova.h"
+
 #include "piattaforma/dispositivoregistratore.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "stampa/documentopagine.h"
@@ -22,27 +24,7 @@ namespace {
 
 constexpr int L = DocumentoPagine::LunghezzaRecord;
 
-QByteArray contenuto(const QString &percorso) {
-    QFile f(percorso);
-    if (!f.open(QIODevice::ReadOnly))
-        return "<illeggibile>";
-    return f.readAll();
-}
-
-bool scriviGrezzo(const QString &percorso, const QByteArray &byte) {
-    QFile f(percorso);
-    return f.open(QIODevice::WriteOnly) && f.write(byte) == byte.size();
-}
-
-// The text of the fault that `azione` raises; a null text when it raises none.
-QString errore(const std::function<void()> &azione) {
-    try {
-        azione();
-    } catch (const ErroreEsecuzione &e) {
-        return e.testo().isNull() ? u""_s : e.testo();
-    }
-    return QString();
-}
+using namespace StrumentiProva;
 
 // A text field as it must stand in the file: Latin-1, padded with blanks.
 QByteArray campo(const QByteArray &testo, int larghezza) {

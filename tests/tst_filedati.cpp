@@ -1,3 +1,5 @@
+#include "supporto/strumentiprova.h"
+
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 
@@ -17,27 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QByteArray contenuto(const QString &percorso) {
-    QFile f(percorso);
-    if (!f.open(QIODevice::ReadOnly))
-        return "<illeggibile>";
-    return f.readAll();
-}
-
-bool scriviGrezzo(const QString &percorso, const QByteArray &byte) {
-    QFile f(percorso);
-    return f.open(QIODevice::WriteOnly) && f.write(byte) == byte.size();
-}
-
-// The text of the fault that `azione` raises; a null text when it raises none.
-QString errore(const std::function<void()> &azione) {
-    try {
-        azione();
-    } catch (const ErroreEsecuzione &e) {
-        return e.testo().isNull() ? u""_s : e.testo();
-    }
-    return QString();
-}
+using namespace StrumentiProva;
 
 } // namespace
 

@@ -91,6 +91,16 @@ public:
         azione->trigger();
     }
     QWidget *schermo(const QString &nome) const { return a.pannello().trovaSchermo(nome); }
+    // The site's messages published, `visto` in new.dat, the program started and frmComm opened
+    // from the menu; nullptr when any of it failed.
+    QWidget *apriComunicazioni(const QString &visto) {
+        pubblica();
+        a.scrivi(u"new.dat"_s, {visto});
+        if (!avvia())
+            return nullptr;
+        menu(u"mnuComunicazioni"_s);
+        return schermo(u"frmComm"_s);
+    }
     template <typename T> T *w(QWidget *frm, const QString &nome) const {
         T *trovato = frm ? frm->findChild<T *>(nome) : nullptr;
         if (!trovato)
@@ -467,7 +477,6 @@ void TstMessaggi::apriComunicazioniNuove() {
     QVERIFY(!b.lampeggia());
     QCOMPARE(b.suggerimento(), u"Non ci sono nuovi messaggi."_s);
     QVERIFY(b.w<QLabel>(frm, u"imgNew"_s)->isVisible());
-    AmbienteProva::fotografa(b.a.pannello().window(), u"comunicazioni"_s);
     // The last message is on show.
     QCOMPARE(frm->archivio().NumeroComunicazioni(), 3);
     QCOMPARE(frm->archivio().ComunicazioneCorrente(), 3);
@@ -494,11 +503,7 @@ void TstMessaggi::apriComunicazioniNuove() {
 
 void TstMessaggi::apriComunicazioniNonNuove() {
     Banco b;
-    b.pubblica();
-    b.a.scrivi(u"new.dat"_s, {u"7"_s});
-    QVERIFY(b.avvia());
-    b.menu(u"mnuComunicazioni"_s);
-    QWidget *frm = b.schermo(u"frmComm"_s);
+    QWidget *frm = b.apriComunicazioni(u"7"_s);
     QVERIFY(frm);
     QVERIFY(!b.w<QLabel>(frm, u"imgNew"_s)->isVisible());
     QCOMPARE(b.visto(), QStringList{u"7"_s});
@@ -541,11 +546,7 @@ void TstMessaggi::apriComunicazioniPagineSbagliate() {
 
 void TstMessaggi::navigazione() {
     Banco b;
-    b.pubblica();
-    b.a.scrivi(u"new.dat"_s, {u"7"_s});
-    QVERIFY(b.avvia());
-    b.menu(u"mnuComunicazioni"_s);
-    QWidget *frm = b.schermo(u"frmComm"_s);
+    QWidget *frm = b.apriComunicazioni(u"7"_s);
     QVERIFY(frm);
     const QString fine = u"Non ci sono ulteriori comunicazioni."_s;
 
@@ -604,11 +605,7 @@ void TstMessaggi::unaSolaComunicazione() {
 
 void TstMessaggi::rigaConIndirizzo() {
     Banco b;
-    b.pubblica();
-    b.a.scrivi(u"new.dat"_s, {u"7"_s});
-    QVERIFY(b.avvia());
-    b.menu(u"mnuComunicazioni"_s);
-    QWidget *frm = b.schermo(u"frmComm"_s);
+    QWidget *frm = b.apriComunicazioni(u"7"_s);
     QVERIFY(frm);
     auto *riga2 = b.w<QLabel>(frm, u"lblRiga2"_s);
     auto *riga1 = b.w<QLabel>(frm, u"lblRiga1"_s);
@@ -650,11 +647,7 @@ void TstMessaggi::indicatoreApreComunicazioni() {
 
 void TstMessaggi::riprova() {
     Banco b;
-    b.pubblica();
-    b.a.scrivi(u"new.dat"_s, {u"7"_s});
-    QVERIFY(b.avvia());
-    b.menu(u"mnuComunicazioni"_s);
-    QWidget *frm = b.schermo(u"frmComm"_s);
+    QWidget *frm = b.apriComunicazioni(u"7"_s);
     QVERIFY(frm);
     auto *pic = b.w<QFrame>(frm, u"picNoConnessione"_s);
 

@@ -26,8 +26,7 @@ FrmAggiornamenti::FrmAggiornamenti(StatoProgramma &stato, QWidget *genitore)
 
     auto *titolo = new QLabel(u"E' disponibile un nuovo aggiornamento"_s, this);
     titolo->setObjectName(u"lblTitolo"_s);
-    titolo->setStyleSheet(u"color: #1d3f72;"_s);
-    MdiStile::grassetto(titolo, 1.3);
+    MdiStile::titolo(titolo, 1.3);
     m_lblVersione = new QLabel(u"Ver. "_s, this);
     m_lblVersione->setObjectName(u"lblVersione"_s);
     MdiStile::grassetto(m_lblVersione, 1.1);

@@ -21,8 +21,7 @@ FrmAltriGiochi::FrmAltriGiochi(StatoProgramma &stato, QWidget *genitore)
 
     auto *titolo = new QLabel(u"Altri Giochi"_s, this);
     titolo->setObjectName(u"lblTitolo"_s);
-    titolo->setStyleSheet(u"color: #1d3f72;"_s);
-    MdiStile::grassetto(titolo, 1.4);
+    MdiStile::titolo(titolo, 1.4);
     auto *testo = new QLabel(u"Vespara è dedicato al Totocalcio e al \"9\". Sul sito di Vespara "
                              "trovi le novità e i programmi dedicati anche agli altri giochi."_s,
                              this);

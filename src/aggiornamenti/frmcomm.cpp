@@ -56,8 +56,7 @@ FrmComm::FrmComm(StatoProgramma &stato, MdiPannello &pannello, QWidget *genitore
     }
     m_etichette[Messaggi::Data]->setAlignment(Qt::AlignRight);
     m_etichette[Messaggi::Data]->setStyleSheet(u"color: #555;"_s);
-    MdiStile::grassetto(m_etichette[Messaggi::Titolo], 1.3);
-    m_etichette[Messaggi::Titolo]->setStyleSheet(u"color: #1d3f72;"_s);
+    MdiStile::titolo(m_etichette[Messaggi::Titolo], 1.3);
     m_etichette[Messaggi::Staff]->setAlignment(Qt::AlignRight);
     QFont firma = m_etichette[Messaggi::Staff]->font();
     firma.setItalic(true);

@@ -61,8 +61,7 @@ FrmArchivio::FrmArchivio(StatoProgramma &stato, QWidget *genitore)
 
     auto *label1 = new QLabel(u"Colonne vincenti"_s, this);
     label1->setObjectName(u"Label1"_s);
-    MdiStile::grassetto(label1, 1.2);
-    label1->setStyleSheet(u"color: #1d3f72;"_s);
+    MdiStile::titolo(label1, 1.2);
 
     auto *imgStampa = new QPushButton(style()->standardIcon(QStyle::SP_FileDialogDetailedView),
                                       u"Stampa"_s, this);

@@ -29,8 +29,7 @@ FrmGestione::FrmGestione(StatoProgramma &stato, QWidget *genitore)
 
     auto *titolo = new QLabel(u"Gestione dell'Archivio"_s, this);
     titolo->setObjectName(u"lblTitolo"_s);
-    MdiStile::grassetto(titolo, 1.3);
-    titolo->setStyleSheet(u"color: #1d3f72;"_s);
+    MdiStile::titolo(titolo, 1.3);
     auto *suggerimento = new QLabel(u"Modificare i campi per correggere gli  errori"_s, this);
     suggerimento->setObjectName(u"lblSuggerimento"_s);
     suggerimento->setTextFormat(Qt::PlainText);

@@ -50,11 +50,8 @@ FrmInserisci::FrmInserisci(StatoProgramma &stato, QWidget *genitore)
     m_lblStagione = valore(u"lblStagione"_s, ultima);
     m_lblConcorso = valore(u"lblConcorso"_s, ultima);
     m_lblCV = valore(u"lblCV"_s, ultima);
-    QFont fCV = mono;
-    fCV.setBold(true);
-    fCV.setPointSizeF(fCV.pointSizeF() * 1.3);
-    m_lblCV->setFont(fCV);
-    m_lblCV->setStyleSheet(u"color: #1d3f72;"_s);
+    m_lblCV->setFont(mono);
+    MdiStile::titolo(m_lblCV, 1.3);
     auto *lu = new QGridLayout(ultima);
     lu->addWidget(new QLabel(u"Stagione"_s, ultima), 0, 0);
     lu->addWidget(m_lblStagione, 0, 1);

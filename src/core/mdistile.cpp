@@ -9,3 +9,8 @@ void MdiStile::grassetto(QWidget *widget, double scala) {
         f.setPointSizeF(f.pointSizeF() * scala);
     widget->setFont(f);
 }
+
+void MdiStile::titolo(QWidget *widget, double scala) {
+    grassetto(widget, scala);
+    widget->setStyleSheet(QStringLiteral("color: #1d3f72;"));
+}

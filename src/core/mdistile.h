@@ -7,4 +7,6 @@ class MdiStile {
 public:
     // The widget's own font in bold, scaled by `scala`.
     static void grassetto(QWidget *widget, double scala = 1.0);
+    // A heading of a screen: bold, scaled, in the program's blue.
+    static void titolo(QWidget *widget, double scala = 1.0);
 };
