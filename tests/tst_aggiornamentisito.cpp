@@ -4,7 +4,7 @@
 #include "supporto/ambienteprova.h"
 
 #include "aggiornamenti/aggiornamentisito.h"
-#include "aggiornamenti/serverhttp.h"
+#include "piattaforma/serverhttp.h"
 #include "core/archivio.h"
 #include "core/archiviocolonne.h"
 #include "core/colonna.h"

@@ -8,7 +8,7 @@
 #include "aggiornamenti/frminviamessaggio.h"
 #include "aggiornamenti/mdiaggiornamenti.h"
 #include "aggiornamenti/messaggi.h"
-#include "aggiornamenti/serverhttp.h"
+#include "piattaforma/serverhttp.h"
 #include "aggiornamenti/versione.h"
 #include "core/mdipannello.h"
 #include "core/statoprogramma.h"

@@ -1,6 +1,6 @@
 // The download and the probe against a real HTTP server on loopback.
-#include "aggiornamenti/rete.h"
-#include "aggiornamenti/serverhttp.h"
+#include "piattaforma/rete.h"
+#include "piattaforma/serverhttp.h"
 #include "piattaforma/impostazioni.h"
 
 #include <QDir>

@@ -3,8 +3,8 @@
 //   sitolocale <cartella del sito> [porta]
 // Then start Vespara with VESPARA_SITO=http://127.0.0.1:<porta> (8641 when not given).
 
-#include "aggiornamenti/rete.h"
-#include "aggiornamenti/serverhttp.h"
+#include "piattaforma/rete.h"
+#include "piattaforma/serverhttp.h"
 
 #include <QCoreApplication>
 #include <QDir>

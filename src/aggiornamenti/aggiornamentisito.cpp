@@ -1,6 +1,6 @@
 #include "aggiornamenti/aggiornamentisito.h"
 
-#include "aggiornamenti/rete.h"
+#include "piattaforma/rete.h"
 #include "campionati/leghe.h"
 #include "core/archivio.h"
 #include "core/archiviocolonne.h"

@@ -1,6 +1,6 @@
 #include "aggiornamenti/frmaggiornamenti.h"
 
-#include "aggiornamenti/rete.h"
+#include "piattaforma/rete.h"
 #include "aggiornamenti/versione.h"
 #include "core/mdistile.h"
 #include "core/statoprogramma.h"

@@ -1,6 +1,6 @@
 #include "aggiornamenti/frmcomm.h"
 
-#include "aggiornamenti/rete.h"
+#include "piattaforma/rete.h"
 #include "core/mdipannello.h"
 #include "core/mdistile.h"
 #include "core/statoprogramma.h"

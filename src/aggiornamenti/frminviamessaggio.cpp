@@ -1,6 +1,6 @@
 #include "aggiornamenti/frminviamessaggio.h"
 
-#include "aggiornamenti/rete.h"
+#include "piattaforma/rete.h"
 #include "core/mdistile.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"

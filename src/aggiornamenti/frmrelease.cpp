@@ -1,6 +1,6 @@
 #include "aggiornamenti/frmrelease.h"
 
-#include "aggiornamenti/rete.h"
+#include "piattaforma/rete.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"

@@ -6,7 +6,7 @@
 #include "aggiornamenti/frminviamessaggio.h"
 #include "aggiornamenti/frmrelease.h"
 #include "aggiornamenti/messaggi.h"
-#include "aggiornamenti/rete.h"
+#include "piattaforma/rete.h"
 #include "aggiornamenti/versione.h"
 #include "core/mdipannello.h"
 #include "core/statoprogramma.h"

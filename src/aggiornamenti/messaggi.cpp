@@ -1,6 +1,6 @@
 #include "aggiornamenti/messaggi.h"
 
-#include "aggiornamenti/rete.h"
+#include "piattaforma/rete.h"
 #include "core/numeritesto.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"

@@ -1,6 +1,6 @@
 #include "aggiornamenti/versione.h"
 
-#include "aggiornamenti/rete.h"
+#include "piattaforma/rete.h"
 
 #include <QCoreApplication>
 #include <QStringList>

@@ -1,6 +1,6 @@
 #include "core/frminserisci.h"
 
-#include "aggiornamenti/rete.h"
+#include "piattaforma/rete.h"
 #include "core/colonna.h"
 #include "core/mdistile.h"
 #include "core/registroschermi.h"

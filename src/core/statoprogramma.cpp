@@ -1,6 +1,6 @@
 #include "core/statoprogramma.h"
 
-#include "aggiornamenti/rete.h"
+#include "piattaforma/rete.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/griglia.h"

@@ -1,6 +1,6 @@
 #include "supporto/ambienteprova.h"
 
-#include "aggiornamenti/rete.h"
+#include "piattaforma/rete.h"
 #include "core/mdipannello.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/filedati.h"

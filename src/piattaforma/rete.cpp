@@ -1,4 +1,4 @@
-#include "aggiornamenti/rete.h"
+#include "piattaforma/rete.h"
 
 #include "piattaforma/impostazioni.h"
 

@@ -1,4 +1,4 @@
-#include "aggiornamenti/serverhttp.h"
+#include "piattaforma/serverhttp.h"
 
 #include <QDir>
 #include <QFile>
