@@ -23,6 +23,8 @@ int main(int argc, char *argv[]) {
     MdiProgramma programma(CartellaDati::predefinita(), dialoghi, impostazioni, schermo);
     dialoghi.setGenitore(&programma.pannello());
     programma.pannello().resize(1280, 800);
+    QObject::connect(&programma.pannello(), &MdiPannello::chiusa, &app, &QCoreApplication::quit,
+                     Qt::QueuedConnection);
     if (!programma.avvia())
         return 1;
     programma.pannello().showMaximized();

@@ -216,10 +216,15 @@ void TstCornice::squadreStraniereFinoAlPrimoErrore() {
 void TstCornice::archivioOltreLaCapacita() {
     AmbienteProva a;
     a.scrivi(u"Archivio.txt"_s, archivioSintetico(7001));
-    QVERIFY(!a.avvia());
+    // The program starts all the same, without an archive, so that the repair can be run.
+    QVERIFY(a.avvia());
     QCOMPARE(a.dialoghi.boxes.size(), 1);
     QCOMPARE(a.dialoghi.boxes.first().tipo, Dialoghi::Tipo::Critico);
     QVERIFY(a.dialoghi.boxes.first().testo.contains(u"7000"_s));
+    QCOMPARE(a.stato().NumeroColonne(), 0);
+    QVERIFY(!a.pannello().trovaSchermo(u"frmPannelloSegni"_s));
+    QVERIFY(a.pannello().findChild<QLabel *>(u"lblColonna"_s)->text().isEmpty());
+    QVERIFY(a.pannello().findChild<QAction *>(u"mnuSoloArchivi"_s)->isEnabled());
 }
 
 void TstCornice::didascalieDelMenu_data() {
@@ -318,7 +323,7 @@ void TstCornice::registroDegliSchermi() {
 
     // After a change of the archive: every screen closed, the panel opened anew, at once.
     QPointer<QWidget> vecchio(primo);
-    riapriDopoModificaArchivio(p, true);
+    riapriDopoModificaArchivio(a.stato(), true);
     QWidget *nuovo = p.trovaSchermo(u"frmPannelloSegni"_s);
     QVERIFY(nuovo);
     QVERIFY(nuovo != primo);

@@ -84,7 +84,11 @@ public:
     }
 
     MdiPannello &pannello() const { return a.pannello(); }
-    void attiva() { emit a.pannello().attivata(); }
+    // The check runs from the event loop, after the activation.
+    void attiva() {
+        emit a.pannello().attivata();
+        QTest::qWait(20);
+    }
     void menu(const QString &voce) {
         QAction *azione = a.pannello().findChild<QAction *>(voce);
         QVERIFY2(azione && azione->isEnabled(), qPrintable(voce));
@@ -731,7 +735,8 @@ void TstMessaggi::noteDiRilascio() {
     QVERIFY(frm);
     auto *browser = b.w<QTextBrowser>(frm, u"WebBrowser1"_s);
     QVERIFY(browser->isReadOnly());
-    QVERIFY(browser->toPlainText().contains(u"Novità della versione 5"_s));
+    // Read once the screen is on show.
+    QTRY_VERIFY(browser->toPlainText().contains(u"Novità della versione 5"_s));
     QVERIFY(browser->toPlainText().contains(u"Il pannello delle terzine più veloce."_s));
     QVERIFY(!browser->toPlainText().contains(u"<h1>"_s));
 }
@@ -743,7 +748,8 @@ void TstMessaggi::noteDiRilascioAllAvvio() {
     QVERIFY(b.avvia());
     QWidget *frm = b.schermo(u"frmRelease"_s);
     QVERIFY(frm);
-    QVERIFY(b.w<QTextBrowser>(frm, u"WebBrowser1"_s)->toPlainText().contains(u"Note di prova"_s));
+    QTRY_VERIFY(
+        b.w<QTextBrowser>(frm, u"WebBrowser1"_s)->toPlainText().contains(u"Note di prova"_s));
     QVERIFY(QFile::exists(b.a.file(u"450.txt"_s)));
 }
 
@@ -837,9 +843,9 @@ void TstMessaggi::senzaSito() {
     QCOMPARE(b.w<QLineEdit>(inserisci, u"txtColonna"_s)->text(), QString());
 
     b.menu(u"mnuNovita"_s);
-    QVERIFY(b.w<QTextBrowser>(b.schermo(u"frmRelease"_s), u"WebBrowser1"_s)
-                ->toPlainText()
-                .contains(u"Impossibile leggere le novità"_s));
+    QTRY_VERIFY(b.w<QTextBrowser>(b.schermo(u"frmRelease"_s), u"WebBrowser1"_s)
+                    ->toPlainText()
+                    .contains(u"Impossibile leggere le novità"_s));
     QVERIFY(b.a.dialoghi.boxes.isEmpty());
 
     // The indicator opens the screen as it is: empty labels, nothing new.

@@ -128,7 +128,7 @@ void TstRete::tempoMassimo() {
     QVERIFY(lento.avvia());
     lento.setRitardo(3000);
     Rete rete(lento.radice());
-    rete.setTempoMassimo(300);
+    rete.setTempi({300, 300, 300, 300});
     QElapsedTimer tempo;
     tempo.start();
     QCOMPARE(rete.scaricaPagina(u"/vespara/Corta.html"_s).trimmed(), QString());

@@ -280,7 +280,12 @@ void TstSchermiArchivio::inserimentoValidazione_data() {
                                  << u"12X12X12X12X12 5 4 5 13 2 0"_s;
     QTest::newRow("una x fra lettere")
         << u"abcdefghijklmx"_s << u"ABCDEFGHIJKLMX"_s << u"ABCDEFGHIJKLMX 0 1 0 13 0 0"_s;
-    QTest::newRow("quattordici blank") << u"              "_s << u"              "_s << QString();
+    // What was typed is trimmed first: blanks would become fields of their own in the line.
+    QTest::newRow("quattordici blank") << u"              "_s << QString() << QString();
+    QTest::newRow("tredici segni e un blank")
+        << u"1X21X22122112 "_s << u"1X21X22122112"_s << QString();
+    QTest::newRow("blank intorno") << u"  1121x22122112X "_s << u"1121X22122112X"_s
+                                   << u"1121X22122112X 6 2 6 9 2 4"_s;
     QTest::newRow("tredici segni") << u"1X21X21X21X21"_s << u"1X21X21X21X21"_s << QString();
     QTest::newRow("quindici segni") << u"1X21X21X21X21X2"_s << u"1X21X21X21X21X2"_s << QString();
     QTest::newRow("lettere senza segni") << u"abcdefghijklmn"_s << u"ABCDEFGHIJKLMN"_s << QString();

@@ -8,6 +8,7 @@
 #include "core/statoprogramma.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
+#include "piattaforma/rete.h"
 
 using namespace Qt::StringLiterals;
 
@@ -33,7 +34,8 @@ constexpr std::array<std::array<const char *, 2>, 3> Picchetti{{
 } // namespace
 
 AggiornamentiSito::AggiornamentiSito(StatoProgramma &stato)
-    : m_stato(stato) {}
+    : m_stato(stato)
+    , m_operazione(stato.rete()) {}
 
 bool AggiornamentiSito::verificaConnessione() {
     return m_stato.rete().verificaConnessione();
@@ -58,11 +60,25 @@ QStringList AggiornamentiSito::righe(const QString &testo) {
 }
 
 QString AggiornamentiSito::scaricaPagina(const QString &percorso) {
-    return togliBlank(m_stato.rete().scaricaPagina(percorso));
+    const Rete::Pagina pagina = m_stato.rete().scarica(percorso);
+    if (pagina.esito == Rete::Esito::Annullata)
+        throw ErroreEsecuzione::interruzione();
+    // A page broken off would take the place of a good file: the update stops before it.
+    if (!pagina.intera())
+        throw ErroreEsecuzione(
+            u"La pagina %1 del sito non è arrivata per intero: l'aggiornamento si è fermato qui. "
+            "I file non ancora aggiornati sono rimasti come erano."_s.arg(percorso));
+    return togliBlank(pagina.testo);
+}
+
+void AggiornamentiSito::controllaInterruzione() const {
+    if (m_stato.rete().interrotta())
+        throw ErroreEsecuzione::interruzione();
 }
 
 QString AggiornamentiSito::scaricaInFile(const QString &percorso, const QString &nomeFile) {
     const QString pagina = scaricaPagina(percorso);
+    controllaInterruzione();
     FileDati::scriviRighe(m_stato.percorsoFile(nomeFile), righe(pagina));
     return pagina;
 }
@@ -115,6 +131,7 @@ void AggiornamentiSito::ricostruisciArchivio(const QStringList &pezzi) {
     if (ArchivioColonne::daRighe(nuove).vuoto())
         throw ErroreEsecuzione(
             u"La pagina dell'archivio scaricata dal sito non contiene alcun concorso."_s);
+    controllaInterruzione();
     Archivio::scriviFile(m_stato, nuove);
     Archivio::ricostruisci(m_stato);
 }
@@ -193,6 +210,7 @@ void AggiornamentiSito::aggiornaSchedineEPicchetti() {
 
 void AggiornamentiSito::aggiornaConcorsiStranieri() {
     const auto straniere = Leghe::straniere();
+    controllaInterruzione();
     for (const Leghe::Lega &lega : straniere)
         FileDati::elimina(m_stato.percorsoFile(testo(lega.fileSquadre)));
     for (const Leghe::Lega &lega : straniere) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "piattaforma/rete.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -11,8 +13,9 @@ class StatoProgramma;
 
 // The steps of the updates from the site, each written once and shared by every screen that
 // lists it: the archive, the league tables, the quotas, the coupons, the picchetti, the team
-// lists. A step stores whatever the site returned (an error page too): the only check is the
-// probe that the screens make first. The object lives for one update and keeps the memory copies
+// lists. A step stores whatever the site returned (an error page too), once the page came whole:
+// a page broken off, a cancelled operation or the closing of the program stop the update before
+// anything more is written. The object lives for one update and keeps the memory copies
 // of the league tables and of the quotas that its steps read back.
 class AggiornamentiSito {
 public:
@@ -59,8 +62,12 @@ public:
     // The page fetched, trimmed of blanks and written to the data file as one print: its lines
     // and a last line end. Returns the trimmed text.
     QString scaricaInFile(const QString &percorso, const QString &nomeFile);
-    // The page fetched and trimmed, kept in memory only.
+    // The page fetched and trimmed, kept in memory only. A page that did not come whole is a
+    // fault; a cancelled one an interruption.
     QString scaricaPagina(const QString &percorso);
+    // An interruption when the operation was cancelled or the program is closing: every step
+    // asks before it writes.
+    void controllaInterruzione() const;
 
     // The page of the program's version: fetched and set aside, nothing depends on it.
     QString scaricaVersione() { return scaricaPagina(QString::fromLatin1(PaginaVersione)); }
@@ -118,5 +125,7 @@ private:
     void scaricaSchedine(const QString &fileInfrasettimanale);
 
     StatoProgramma &m_stato;
+    // The update is one operation of the network: cancelled as a whole.
+    Rete::Operazione m_operazione;
     Copie m_copie;
 };

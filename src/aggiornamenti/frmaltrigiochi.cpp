@@ -59,6 +59,7 @@ FrmAltriGiochi::~FrmAltriGiochi() = default;
 
 void FrmAltriGiochi::apriSito() {
     Rete &rete = m_stato.rete();
+    Rete::Operazione operazione(rete);
     if (!rete.verificaConnessione()) {
         m_stato.dialoghi().informazione(
             Dialoghi::titoloAggiornamenti(),

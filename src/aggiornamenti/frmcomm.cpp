@@ -5,6 +5,7 @@
 #include "core/mdistile.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
+#include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/guardia.h"
 
 #include <QEvent>
@@ -145,11 +146,15 @@ FrmComm::~FrmComm() = default;
 
 void FrmComm::carica() {
     Rete &rete = m_stato.rete();
+    Rete::Operazione operazione(rete);
     // Everything is read before anything changes, so a fault leaves frame and files alone.
     const Messaggi::Novita novita = Messaggi::controlla(rete, m_stato.PercorsoDati, false);
     QString link;
     ArchivioComunicazioni archivio;
     archivio.riempi(Messaggi::scaricaPagine(rete, &link));
+    // Cancelled while loading: no screen, and new.dat as it was.
+    if (rete.interrotta())
+        throw ErroreEsecuzione::interruzione();
 
     m_nuovo = novita.nuovo;
     m_remoto = novita.remoto;
@@ -190,6 +195,7 @@ void FrmComm::mostraCorrente() {
 }
 
 void FrmComm::riprova() {
+    Rete::Operazione operazione(m_stato.rete());
     if (!m_stato.rete().verificaConnessione()) {
         m_stato.dialoghi().informazione(
             Dialoghi::titoloAggiornamenti(),
@@ -200,6 +206,8 @@ void FrmComm::riprova() {
     QString link;
     ArchivioComunicazioni archivio;
     archivio.riempi(Messaggi::scaricaPagine(m_stato.rete(), &link));
+    if (m_stato.rete().interrotta())
+        throw ErroreEsecuzione::interruzione();
     m_picNoConnessione->hide();
     applica(std::move(archivio), link);
 }

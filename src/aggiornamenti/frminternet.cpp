@@ -7,11 +7,13 @@
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
+#include "piattaforma/rete.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -101,9 +103,15 @@ void FrmInternet::aggiornaParziale(
         if (!collegato(stato, sito))
             return;
         Clessidra clessidra;
-        passi(sito);
-        if (RegistroSchermi *registro = stato.registro(); riapri && registro)
-            riapriDopoModificaArchivio(*registro, false);
+        {
+            // Screens that showed files stopped half-way would mislead: they are opened anew
+            // whatever happens once a step has begun.
+            auto riaperti = qScopeGuard([&] {
+                if (riapri)
+                    riapriDopoModificaArchivio(stato, false);
+            });
+            passi(sito);
+        }
         if (dopo)
             dopo(stato, sito);
         clessidra.rilascia();
@@ -125,26 +133,35 @@ void FrmInternet::aggiorna() {
         const bool ricostruire = AggiornamentiSito::daRicostruire(archivio, stato.NumeroColonne());
         RegistroSchermi *registro = stato.registro();
         {
+            // Once the archive is rebuilt, the screens and the dashboard show the new one, also
+            // when a later step stops the update. This screen closes then: locals only after.
+            bool ricostruito = false;
+            auto riaperti = qScopeGuard([&] {
+                if (ricostruito)
+                    riapriDopoModificaArchivio(stato, true);
+            });
             FrmAttendere attesa(registro ? registro->finestra() : nullptr);
             attesa.setIntervallo(0, FineBarra);
             attesa.setValore(1);
+            attesa.setAnnullamento([&stato] { stato.rete().annulla(); });
             attesa.show();
             QApplication::processEvents();
-            if (ricostruire)
+            if (ricostruire) {
                 sito.ricostruisciArchivio(archivio);
+                ricostruito = true;
+            }
             sito.aggiornaClassifiche([&attesa](int fatte) {
                 attesa.setValore(1 + fatte);
                 QApplication::processEvents();
             });
             sito.aggiornaSchedine();
             attesa.close();
+            riaperti.dismiss();
         }
-        // This screen closes here: the rest runs on locals only.
-        if (registro)
-            riapriDopoModificaArchivio(*registro, false);
+        riapriDopoModificaArchivio(stato, false);
         if (!sito.aggiornaQuote())
             dialoghi.critico(titolo, testo(AggiornamentiSito::SenzaConnessioneQuote));
-        if (registro)
+        if (registro && !stato.rete().inChiusura())
             registro->aggiornaCruscotto();
         clessidra.rilascia();
         dialoghi.informazione(titolo, u"Aggiornamento effettuato."_s);

@@ -81,6 +81,7 @@ QString FrmInviaMessaggio::percorsoRichiesta(const QString &codice, const QStrin
 
 void FrmInviaMessaggio::invia() {
     Rete &rete = m_stato.rete();
+    Rete::Operazione operazione(rete);
     if (!rete.verificaConnessione()) {
         m_stato.dialoghi().informazione(
             Dialoghi::titoloAggiornamenti(),

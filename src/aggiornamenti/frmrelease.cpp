@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QTextBrowser>
+#include <QTimer>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -40,6 +41,14 @@ FrmRelease::FrmRelease(StatoProgramma &stato, QWidget *genitore)
     layout->addLayout(pulsanti);
     resize(640, 460);
 
+    m_browser->setPlainText(QString::fromUtf16(InCaricamento));
+    QTimer::singleShot(0, this, [this] { eseguiProtetto(m_stato.dialoghi(), [this] { carica(); }); });
+}
+
+void FrmRelease::carica() {
+    if (m_caricata)
+        return;
+    m_caricata = true;
     const QString testo = m_stato.rete().scaricaTesto(QString::fromUtf16(Pagina));
     if (testo.trimmed().isEmpty())
         m_browser->setPlainText(QString::fromUtf16(Assente));

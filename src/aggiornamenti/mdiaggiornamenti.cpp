@@ -13,7 +13,7 @@
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QPushButton>
 
 #include <memory>
@@ -44,13 +44,13 @@ private:
 // The hourglass until the network is done with, before any box.
 class Clessidra {
 public:
-    Clessidra() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    Clessidra() { QApplication::setOverrideCursor(Qt::WaitCursor); }
     ~Clessidra() { fine(); }
     Clessidra(const Clessidra &) = delete;
     Clessidra &operator=(const Clessidra &) = delete;
     void fine() {
         if (m_attiva)
-            QGuiApplication::restoreOverrideCursor();
+            QApplication::restoreOverrideCursor();
         m_attiva = false;
     }
 
@@ -77,6 +77,7 @@ void verificaDaMenu(MdiPannello &pannello) {
     Clessidra clessidra;
     Dialoghi &dialoghi = pannello.stato().dialoghi();
     Rete &rete = pannello.stato().rete();
+    Rete::Operazione operazione(rete);
     if (!rete.verificaConnessione()) {
         clessidra.fine();
         dialoghi.critico(Dialoghi::titoloAggiornamenti(),
@@ -94,6 +95,7 @@ void verificaDaMenu(MdiPannello &pannello) {
 }
 
 void apriComunicazioni(MdiPannello &pannello) {
+    Rete::Operazione operazione(pannello.stato().rete());
     if (!pannello.stato().rete().verificaConnessione()) {
         pannello.stato().dialoghi().critico(
             Dialoghi::titoloAggiornamenti(),
@@ -105,6 +107,7 @@ void apriComunicazioni(MdiPannello &pannello) {
 
 void apriSito(MdiPannello &pannello) {
     Rete &rete = pannello.stato().rete();
+    Rete::Operazione operazione(rete);
     if (!rete.verificaConnessione()) {
         pannello.stato().dialoghi().critico(Dialoghi::titoloAggiornamenti(),
                                             u"Nessuna connessione Internet attiva."_s);
@@ -121,6 +124,7 @@ void MdiAggiornamenti::controllaMessaggi(MdiPannello &pannello) {
     eseguiProtetto(stato.dialoghi(), [&] {
         QPushButton *img = pannello.imgComm();
         Rete &rete = stato.rete();
+        Rete::Operazione operazione(rete);
         if (!rete.verificaConnessione()) {
             img->setToolTip(u"Connessione non attiva."_s);
             return;
@@ -136,8 +140,16 @@ void MdiAggiornamenti::mostraNovita(MdiPannello &pannello) {
     pannello.mostraSchermo(u"frmRelease"_s);
 }
 
+bool MdiAggiornamenti::altraOperazione(MdiPannello &pannello) {
+    return pannello.property(VerificaInCorso).toBool() || pannello.stato().rete().occupata() ||
+           !pannello.isEnabled() || QApplication::activeModalWidget() ||
+           QApplication::overrideCursor();
+}
+
 void MdiAggiornamenti::verificaAggiornamenti(MdiPannello &pannello) {
-    if (pannello.property(VerificaInCorso).toBool())
+    // Never inside another operation (an update, a box, the waiting box): its question would
+    // come in the middle of it. The next activation asks again.
+    if (altraOperazione(pannello))
         return;
     if (pannello.property(SaltaAttivazione).toBool()) {
         pannello.setProperty(SaltaAttivazione, false);
@@ -149,6 +161,7 @@ void MdiAggiornamenti::verificaAggiornamenti(MdiPannello &pannello) {
     InCorso inCorso(pannello);
     eseguiProtetto(pannello.stato().dialoghi(), [&] {
         Rete &rete = pannello.stato().rete();
+        Rete::Operazione operazione(rete);
         if (!rete.verificaConnessione())
             return;
         const QString versione = Versione::scarica(rete);

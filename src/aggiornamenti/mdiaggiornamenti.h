@@ -13,6 +13,9 @@ public:
     // cmdVerificaAgg: silent unless a newer program is on the site. It runs on every activation
     // of the frame, whatever "Mostra sempre aggiornamenti" says, and never inside itself.
     static void verificaAggiornamenti(MdiPannello &pannello);
+    // True while another operation holds the program: the activation check waits for the next
+    // activation.
+    static bool altraOperazione(MdiPannello &pannello);
     // Gives the frame the screens and menu actions of the messages and of the program update.
     static void registra(MdiPannello &pannello);
 

@@ -300,7 +300,9 @@ BancoColonne9::Esito BancoColonne9::consecutivi(const QString &segno, const QStr
     if (consecutivi == QLatin1StringView(Libero) || presenze == QLatin1StringView(Libero))
         return controllare();
     istantanea();
-    const QString modello = segno.repeated(std::max(0, valore(consecutivi)));
+    // A run longer than the nine signs matches nothing, whatever its length: one sign beyond
+    // them gives the same answer without building a pattern of a typed 999999999.
+    const QString modello = segno.repeated(std::clamp(valore(consecutivi), 0, 10));
     if (presenze != u"0"_s) {
         const int p = valore(presenze);
         const int obiettivo = (p == 0 || p == 1) ? 1 : p;

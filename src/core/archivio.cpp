@@ -1,13 +1,48 @@
 #include "core/archivio.h"
 
 #include "core/statoprogramma.h"
+#include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/tabellaarchivio.h"
 
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+
+using namespace Qt::StringLiterals;
+
 namespace {
-QString percorsoArchivio(const StatoProgramma &stato) {
-    return stato.percorsoFile(QString::fromLatin1(Archivio::NomeFile));
+
+QString percorso(const StatoProgramma &stato, const char *nome) {
+    return stato.percorsoFile(QString::fromLatin1(nome));
 }
+
+QString percorsoArchivio(const StatoProgramma &stato) {
+    return percorso(stato, Archivio::NomeFile);
+}
+
+// A copy of a file, written whole and atomically like every data file.
+void copia(const QString &da, const QString &a) {
+    QFile origine(da);
+    if (!origine.open(QIODevice::ReadOnly))
+        throw ErroreEsecuzione(u"Impossibile leggere il file %1: %2"_s.arg(
+            QDir::toNativeSeparators(da), origine.errorString()));
+    const QByteArray contenuto = origine.readAll();
+    QSaveFile destinazione(a);
+    if (!destinazione.open(QIODevice::WriteOnly) ||
+        destinazione.write(contenuto) != contenuto.size() || !destinazione.commit())
+        throw ErroreEsecuzione(u"Impossibile scrivere il file %1: %2"_s.arg(
+            QDir::toNativeSeparators(a), destinazione.errorString()));
+}
+
+ArchivioColonne leggiArchivio(const QString &percorsoFile) {
+    ArchivioColonne archivio = ArchivioColonne::daRighe(FileDati::leggiRighe(percorsoFile));
+    if (archivio.vuoto())
+        throw ErroreEsecuzione(u"%1 non contiene alcun concorso."_s.arg(
+            QDir::toNativeSeparators(percorsoFile)));
+    return archivio;
+}
+
 } // namespace
 
 QStringList Archivio::leggiFile(const StatoProgramma &stato) {
@@ -24,6 +59,42 @@ void Archivio::ricostruisci(StatoProgramma &stato) {
     stato.ColonneArchivio = std::move(nuovo);
 }
 
+QString Archivio::guasto(const QString &percorsoFile) {
+    try {
+        leggiArchivio(percorsoFile);
+        return {};
+    } catch (const ErroreEsecuzione &e) {
+        return e.testo();
+    }
+}
+
 void Archivio::scriviFile(const StatoProgramma &stato, const QStringList &righe) {
-    FileDati::scriviRighe(percorsoArchivio(stato), righe);
+    const QString attuale = percorsoArchivio(stato);
+    if (QFile::exists(attuale))
+        copia(attuale, percorso(stato, guasto(attuale).isEmpty() ? NomeCopiaPrecedente
+                                                                 : NomeDanneggiato));
+    FileDati::scriviRighe(attuale, righe);
+}
+
+bool Archivio::copiaPrecedenteValida(const StatoProgramma &stato) {
+    const QString precedente = percorso(stato, NomeCopiaPrecedente);
+    return QFile::exists(precedente) && guasto(precedente).isEmpty();
+}
+
+void Archivio::ripristinaCopiaPrecedente(const StatoProgramma &stato) {
+    const QString attuale = percorsoArchivio(stato);
+    if (QFile::exists(attuale))
+        copia(attuale, percorso(stato, NomeDanneggiato));
+    copia(percorso(stato, NomeCopiaPrecedente), attuale);
+}
+
+bool Archivio::allineaTabella(StatoProgramma &stato) {
+    TabellaArchivio &tabella = stato.tabellaArchivio();
+    const QList<RigaArchivio> righe = tabella.tutte();
+    bool uguali = righe.size() == stato.NumeroColonne();
+    for (int i = 0; uguali && i < righe.size(); ++i)
+        uguali = righe.at(i) == stato.ColonneArchivio.riga(i);
+    if (!uguali)
+        tabella.ricostruisci(stato.ColonneArchivio);
+    return !uguali;
 }

@@ -2,8 +2,11 @@
 #include "core/mdistile.h"
 
 #include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -13,7 +16,8 @@ FrmAttendere::FrmAttendere(QWidget *cornice)
     : QDialog(cornice,
               Qt::Dialog | Qt::WindowStaysOnTopHint | Qt::CustomizeWindowHint | Qt::WindowTitleHint)
     , m_cornice(cornice)
-    , m_bar(new QProgressBar(this)) {
+    , m_bar(new QProgressBar(this))
+    , m_cmdAnnulla(new QPushButton(u"Annulla"_s, this)) {
     setObjectName(u"frmAttendere"_s);
     setWindowTitle(u"ATTENDERE. PREGO."_s);
     auto *testo = new QLabel(u"ATTENDERE. PREGO."_s, this);
@@ -22,10 +26,50 @@ FrmAttendere::FrmAttendere(QWidget *cornice)
     MdiStile::grassetto(testo);
     m_bar->setObjectName(u"bar"_s);
     m_bar->setTextVisible(false);
+    m_cmdAnnulla->setObjectName(u"cmdAnnulla"_s);
+    m_cmdAnnulla->setToolTip(u"Interrompe l'operazione: i file non ancora scritti restano come "
+                             "erano (Esc)"_s);
+    m_cmdAnnulla->setAutoDefault(false);
+    m_cmdAnnulla->hide();
+    connect(m_cmdAnnulla, &QPushButton::clicked, this, &FrmAttendere::annulla);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(testo);
     layout->addWidget(m_bar);
-    setFixedSize(320, 90);
+    layout->addWidget(m_cmdAnnulla, 0, Qt::AlignHCenter);
+    setFixedWidth(320);
+    setFixedHeight(sizeHint().height());
+}
+
+void FrmAttendere::setAnnullamento(std::function<void()> annulla) {
+    m_annulla = std::move(annulla);
+    m_cmdAnnulla->setVisible(bool(m_annulla));
+    m_cmdAnnulla->setEnabled(true);
+    setFixedHeight(sizeHint().height());
+}
+
+void FrmAttendere::annulla() {
+    if (!m_annulla || !m_cmdAnnulla->isEnabled())
+        return;
+    // Once is enough: the operation stops at its next step.
+    m_cmdAnnulla->setEnabled(false);
+    m_annulla();
+}
+
+void FrmAttendere::keyPressEvent(QKeyEvent *e) {
+    if (e->key() == Qt::Key_Escape) {
+        annulla();
+        return;
+    }
+    QDialog::keyPressEvent(e);
+}
+
+void FrmAttendere::closeEvent(QCloseEvent *e) {
+    if (e->spontaneous()) {
+        annulla();
+        e->ignore();
+        return;
+    }
+    QDialog::closeEvent(e);
 }
 
 FrmAttendere::~FrmAttendere() {

@@ -156,7 +156,15 @@ void FrmGestione::mostra() {
         m_mostrati[i] = m_caselle[i]->text();
 }
 
+void FrmGestione::ripulisciCaselle() {
+    // Blanks around what was typed would become fields of their own in the archive line.
+    for (QLineEdit *casella : m_caselle)
+        if (const QString pulito = casella->text().trimmed(); pulito != casella->text())
+            casella->setText(pulito);
+}
+
 void FrmGestione::salvaCampiCambiati() {
+    ripulisciCaselle();
     bool cambiato = false;
     for (int i = 0; i < 3; ++i)
         cambiato = cambiato || m_caselle[i]->text() != m_mostrati[i];
@@ -214,13 +222,13 @@ void FrmGestione::conferma() {
         {
             QApplication::setOverrideCursor(Qt::WaitCursor);
             const auto cursore = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
+            ripulisciCaselle();
             m_caselle[2]->setText(m_caselle[2]->text().toUpper());
             posiziona();
             ScrittureArchivio::confermaModifica(m_stato, m_caselle[0]->text(), m_caselle[1]->text(),
                                                 m_caselle[2]->text());
             // This screen closes here too.
-            if (RegistroSchermi *registro = m_stato.registro())
-                riapriDopoModificaArchivio(*registro, true);
+            riapriDopoModificaArchivio(m_stato, true);
         }
         dialoghi.informazione(Dialoghi::titoloApplicazione(), u"Modifiche effettuate."_s);
     });
@@ -237,8 +245,7 @@ void FrmGestione::elimina() {
         posiziona();
         ScrittureArchivio::eliminaCorrente(m_stato);
         // The dashboard keeps the deleted contest until something refreshes it.
-        if (RegistroSchermi *registro = m_stato.registro())
-            riapriDopoModificaArchivio(*registro, false);
+        riapriDopoModificaArchivio(m_stato, false);
         dialoghi.informazione(titolo, u"La colonna è stata eliminata dall'archivio."_s);
     });
 }

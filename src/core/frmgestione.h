@@ -29,6 +29,7 @@ private:
     void posiziona();
     void mostra();
     // A box changed by the user reaches its field of the current row.
+    void ripulisciCaselle();
     void salvaCampiCambiati();
     void muovi(Movimento movimento);
     void conferma();

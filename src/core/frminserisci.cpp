@@ -8,7 +8,6 @@
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
-#include "piattaforma/tabellaarchivio.h"
 
 #include <QDate>
 #include <QGridLayout>
@@ -118,13 +117,11 @@ FrmInserisci::FrmInserisci(StatoProgramma &stato, QWidget *genitore)
 FrmInserisci::~FrmInserisci() = default;
 
 void FrmInserisci::carica() {
-    TabellaArchivio &tabella = m_stato.tabellaArchivio();
-    tabella.ultimo();
-    if (!tabella.inizio())
-        m_lblCV->setText(
-            Colonna::colonnaRaggruppata(tabella.corrente()[ArchivioColonne::ColonnaCampo]));
-    m_txtStagione->setText(annoCorrente());
+    // Everything shown comes from one copy, the memory, loaded from the master file (the table
+    // holds the same rows since the start-up check).
     const RigaArchivio &ultima = m_stato.ColonneArchivio.ultima();
+    m_lblCV->setText(Colonna::colonnaRaggruppata(ultima[ArchivioColonne::ColonnaCampo]));
+    m_txtStagione->setText(annoCorrente());
     m_lblStagione->setText(ultima[ArchivioColonne::Stagione]);
     m_lblConcorso->setText(ultima[ArchivioColonne::Concorso]);
     // The next contest is proposed, also across the turn of the year.
@@ -136,6 +133,9 @@ void FrmInserisci::inserisci() {
     eseguiProtetto(m_stato.dialoghi(), [&] {
         Dialoghi &dialoghi = m_stato.dialoghi();
         const QString titolo = Dialoghi::titoloApplicazione();
+        // Blanks around what was typed would become fields of their own in the archive line.
+        for (QLineEdit *casella : {m_txtStagione, m_txtConcorso, m_txtColonna})
+            casella->setText(casella->text().trimmed());
         m_txtColonna->setText(m_txtColonna->text().toUpper());
         const QString colonna = m_txtColonna->text();
         if (!ScrittureArchivio::colonnaValida(colonna)) {
@@ -155,8 +155,7 @@ void FrmInserisci::inserisci() {
         ScrittureArchivio::inserisci(m_stato, m_txtStagione->text(), m_txtConcorso->text(),
                                      colonna);
         // This screen closes here too: only the box is left to show.
-        if (RegistroSchermi *registro = m_stato.registro())
-            riapriDopoModificaArchivio(*registro, true);
+        riapriDopoModificaArchivio(m_stato, true);
         dialoghi.informazione(titolo, u"Inserimento effettuato."_s);
     });
 }
@@ -164,12 +163,16 @@ void FrmInserisci::inserisci() {
 void FrmInserisci::scaricaUltima() {
     eseguiProtetto(m_stato.dialoghi(), [&] {
         Rete &rete = m_stato.rete();
+        Rete::Operazione operazione(rete);
         if (!rete.verificaConnessione()) {
             m_stato.dialoghi().critico(Dialoghi::titoloAggiornamenti(),
                                        u"Nessuna connessione Internet attiva."_s);
             return;
         }
-        // The page comes padded: the check of the insertion must see the 14 signs alone.
-        m_txtColonna->setText(rete.scaricaPagina(u"/vespara/UltimaCV.html"_s).trimmed());
+        // The page comes padded: the check of the insertion must see the 14 signs alone. A
+        // cancelled download leaves what the user typed.
+        const Rete::Pagina pagina = rete.scarica(u"/vespara/UltimaCV.html"_s);
+        if (pagina.esito != Rete::Esito::Annullata)
+            m_txtColonna->setText(pagina.testo.trimmed());
     });
 }

@@ -11,11 +11,13 @@
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/guardia.h"
+#include "piattaforma/rete.h"
 #include "piattaforma/schermo.h"
 #include "piattaforma/tabellaarchivio.h"
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -23,6 +25,15 @@ const char *const MdiAvvio::AvvisoRisoluzione =
     "Attenzione! La risoluzione consigliata per una corretta visualizzazione del programma non "
     "deve essere inferiore a 1024 px in larghezza. Procedendo, alcune schermate delprogramma "
     "potrebbero non essere visualizzate correttamente.";
+
+const char *const MdiAvvio::ArchivioIlleggibile =
+    "L'archivio delle colonne vincenti (Archivio.txt) non si può leggere:";
+const char *const MdiAvvio::DomandaRipristino =
+    "Ripristinare la copia precedente dell'archivio (ArchivioPrecedente.txt)? Il file attuale "
+    "viene conservato come ArchivioDanneggiato.txt.";
+const char *const MdiAvvio::AvvioSenzaArchivio =
+    "Vespara si avvia senza archivio. Per ricostruirlo usare \"Aggiorna da Internet\", \"Parti\", "
+    "\"Solo Archivi (Aggiorna/Ripara)\", oppure correggere il file e riavviare il programma.";
 
 const char *const MdiAvvio::PromemoriaStagione =
     "Se non l'hai ancora fatto, ti ricordiamo di aggiornare i dati per il Campionato 2011-2012. "
@@ -66,19 +77,45 @@ void promemoriaStagione(StatoProgramma &stato) {
                                   QString::fromUtf8(MdiAvvio::PromemoriaStagione));
 }
 
-void noteDiRilascio(MdiPannello &pannello) {
-    // 18: from here on any error ends the sequence without a word.
-    StatoProgramma &stato = pannello.stato();
+// 18: from here on any error ends the sequence without a word. True when the release notes are
+// to be shown.
+bool noteDiRilascio(StatoProgramma &stato) {
     try {
         for (const QString &nome : {u"420.txt"_s, u"421.txt"_s})
             if (FileDati::esiste(stato.PercorsoDati, nome))
                 FileDati::elimina(stato.percorsoFile(nome));
         if (!FileDati::esiste(stato.PercorsoDati, u"450.txt"_s)) {
             FileDati::scriviRighe(stato.percorsoFile(u"450.txt"_s), {});
-            MdiAggiornamenti::mostraNovita(pannello);
+            return true;
         }
     } catch (const ErroreEsecuzione &) {
     }
+    return false;
+}
+
+// 7: an archive that can't be read must not lock the user out of the program, the repair
+// included. The box says which line is wrong and offers the previous generation; without it the
+// program starts with no archive, and the repair or the full update rebuild one. True when the
+// archive is in memory.
+bool caricaArchivio(StatoProgramma &stato) {
+    const QString guasto =
+        Archivio::guasto(stato.percorsoFile(QString::fromLatin1(Archivio::NomeFile)));
+    if (guasto.isEmpty()) {
+        Archivio::caricaMemoria(stato);
+        return true;
+    }
+    Dialoghi &dialoghi = stato.dialoghi();
+    const QString titolo = Dialoghi::titoloApplicazione();
+    const QString testo = QString::fromUtf8(MdiAvvio::ArchivioIlleggibile) + u"\n\n"_s + guasto;
+    if (Archivio::copiaPrecedenteValida(stato) &&
+        dialoghi.domanda(titolo, testo + u"\n\n"_s + QString::fromUtf8(MdiAvvio::DomandaRipristino))) {
+        Archivio::ripristinaCopiaPrecedente(stato);
+        Archivio::caricaMemoria(stato);
+        return true;
+    }
+    dialoghi.critico(titolo, testo + u"\n\n"_s + QString::fromUtf8(MdiAvvio::AvvioSenzaArchivio));
+    stato.ColonneArchivio.svuota();
+    return false;
 }
 
 } // namespace
@@ -109,11 +146,12 @@ bool MdiAvvio::esegui(MdiPannello &pannello) {
         stato.apriTabellaArchivio();
         // 6
         stato.ClassificheAggiornate.fill(false);
-        // 7
-        Archivio::caricaMemoria(stato);
-        // A table made anew on this start (a new data folder) is filled from the archive file.
-        if (stato.tabellaArchivio().creata())
-            stato.tabellaArchivio().ricostruisci(stato.ColonneArchivio);
+        // 7. The table follows the file, the master: a table made anew on this start (a new data
+        // folder), or one that differs from a file changed by hand, is filled from it. Without
+        // an archive the table is left alone: it may be the only good copy.
+        const bool conArchivio = caricaArchivio(stato);
+        if (conArchivio)
+            Archivio::allineaTabella(stato);
         // 8
         stato.BaseColonne9 = StatoProgramma::ValoreBaseColonne9;
         // 9
@@ -126,17 +164,15 @@ bool MdiAvvio::esegui(MdiPannello &pannello) {
                                  Leghe::leggiSquadre(stato.PercorsoDati, lega));
         // 11
         stato.Formule = Colonna::formule();
-        if (stato.NumeroColonne() == 0)
-            throw ErroreEsecuzione(u"L'archivio delle colonne vincenti è vuoto."_s);
         // 12: a fault of the panel (an archive it can't take) is shown, and the start goes on.
-        eseguiProtetto(stato.dialoghi(), [&] { pannello.mostraSchermo(u"frmPannelloSegni"_s); });
+        if (conArchivio)
+            eseguiProtetto(stato.dialoghi(),
+                           [&] { pannello.mostraSchermo(u"frmPannelloSegni"_s); });
         // 13, 14
         passiGuardati(stato);
         leggiSquadreStraniere(stato);
         // 15
         pannello.aggiornaCruscotto();
-        // 16
-        MdiAggiornamenti::controllaMessaggi(pannello);
         // 17
         promemoriaStagione(stato);
     } catch (const ErroreEsecuzione &e) {
@@ -144,9 +180,20 @@ bool MdiAvvio::esegui(MdiPannello &pannello) {
                                  u"Impossibile avviare Vespara.\n\n"_s + e.testo());
         return false;
     }
-    // 18
-    noteDiRilascio(pannello);
-    QObject::connect(&pannello, &MdiPannello::attivata, &pannello,
-                     [&pannello] { MdiAggiornamenti::verificaAggiornamenti(pannello); });
+    // 16 and 18 ask the site: they run once the frame is on the screen and the program is in its
+    // event loop, so a slow site never keeps the window from appearing.
+    const bool novita = noteDiRilascio(stato);
+    QTimer::singleShot(0, &pannello, [&pannello, novita] {
+        MdiAggiornamenti::controllaMessaggi(pannello);
+        if (novita && !pannello.stato().rete().inChiusura())
+            eseguiProtetto(pannello.stato().dialoghi(),
+                           [&pannello] { MdiAggiornamenti::mostraNovita(pannello); });
+    });
+    // The check of a newer program runs from the event loop, after the event that activated the
+    // frame; inside another operation it waits for the next activation.
+    QObject::connect(&pannello, &MdiPannello::attivata, &pannello, [&pannello] {
+        QTimer::singleShot(0, &pannello,
+                           [&pannello] { MdiAggiornamenti::verificaAggiornamenti(pannello); });
+    });
     return true;
 }

@@ -10,5 +10,9 @@ public:
     static bool esegui(MdiPannello &pannello);
 
     static const char *const AvvisoRisoluzione;
+    // The boxes of an archive that can't be read (UTF-8).
+    static const char *const ArchivioIlleggibile;
+    static const char *const DomandaRipristino;
+    static const char *const AvvioSenzaArchivio;
     static const char *const PromemoriaStagione;
 };

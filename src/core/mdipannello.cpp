@@ -1,10 +1,12 @@
 #include "core/mdipannello.h"
 
 #include "core/colonna.h"
+#include "core/mdiattesa.h"
 #include "core/mdistile.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
+#include "piattaforma/rete.h"
 #include "stampa/frmmenugriglie.h"
 
 #include <QAction>
@@ -203,6 +205,7 @@ MdiPannello::MdiPannello(StatoProgramma &stato)
     creaMenu();
     creaBarra();
     aggiornaAbilitazioni();
+    m_attesa = new MdiAttesa(m_stato.rete(), this);
     m_stato.setRegistro(this);
 }
 
@@ -495,6 +498,12 @@ void MdiPannello::chiudiSchermi() {
 }
 
 void MdiPannello::aggiornaCruscotto() {
+    // An archive that could not be read at start-up leaves the dashboard empty until the repair.
+    if (m_stato.NumeroColonne() == 0) {
+        for (QLabel *l : {m_lblColonna, m_lblData, m_lblDati9, m_lblDati})
+            l->clear();
+        return;
+    }
     const RigaArchivio &r = m_stato.ColonneArchivio.riga(m_stato.NumeroColonne() - 1);
     const QStringList campi(r.begin(), r.end());
     m_lblColonna->setText(Colonna::lineaColonna(r[ArchivioColonne::ColonnaCampo]));
@@ -559,7 +568,9 @@ void MdiPannello::changeEvent(QEvent *e) {
 }
 
 void MdiPannello::closeEvent(QCloseEvent *e) {
-    // Every writer persists as it works: closing the frame ends the program at once.
+    // Every writer persists as it works: closing the frame ends the program at once. An operation
+    // still under way (an update waiting for the site) stops where it is and writes nothing more.
+    m_stato.rete().chiudi();
     e->accept();
-    QCoreApplication::quit();
+    emit chiusa();
 }

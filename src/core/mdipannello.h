@@ -18,6 +18,7 @@ class QPushButton;
 class QTimer;
 class StatoProgramma;
 class FrmMenuGriglie;
+class MdiAttesa;
 
 // The frame of the program: menu, toolbar, the dashboard of the last winning column and the area
 // of the screens, of which it is the registry.
@@ -68,9 +69,15 @@ public:
     // Opens the guide with the desktop's program.
     void apriGuida();
 
+    // What the frame does while the program waits for the network.
+    MdiAttesa *attesa() const { return m_attesa; }
+
 signals:
     // The frame became the active window, also back from another application.
     void attivata();
+    // The frame was closed: the program ends (main quits on it). By then the operation under
+    // way has been stopped, and nothing more is written.
+    void chiusa();
 
 protected:
     void changeEvent(QEvent *e) override;
@@ -87,6 +94,7 @@ private:
 
     StatoProgramma &m_stato;
     FrmMenuGriglie *m_menuGriglie = nullptr;
+    MdiAttesa *m_attesa = nullptr;
     QMdiArea *m_area = nullptr;
     QLabel *m_lblColonna = nullptr;
     QLabel *m_lblData = nullptr;

@@ -22,11 +22,10 @@ public:
     virtual QWidget *finestra() = 0;
 };
 
+class StatoProgramma;
+
 // After a writer changed the archive: no screen may keep figures of the old one, so all are
-// closed and the signs panel opens again; the dashboard follows unless the writer says not.
-inline void riapriDopoModificaArchivio(RegistroSchermi &registro, bool aggiornaCruscotto) {
-    registro.chiudiSchermi();
-    registro.mostraSchermo(QStringLiteral("frmPannelloSegni"));
-    if (aggiornaCruscotto)
-        registro.aggiornaCruscotto();
-}
+// closed and the signs panel opens again; the dashboard follows unless the writer says not. The
+// write is done by then: a panel that can't take the new archive says so in its own box, and the
+// rest still runs. Nothing happens while the program is closing.
+void riapriDopoModificaArchivio(StatoProgramma &stato, bool aggiornaCruscotto);

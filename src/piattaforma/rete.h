@@ -2,53 +2,123 @@
 
 #include <QByteArray>
 #include <QNetworkAccessManager>
+#include <QPointer>
 #include <QString>
 #include <QUrl>
 
 class Impostazioni;
+class QNetworkReply;
 
 // Everything the program fetches comes through here, from one update site: the download of a
-// page and the probe of the connection. Every call blocks in a local event loop (the windows keep
-// painting) and ends by a time-out at the latest; no call ever raises.
+// page and the probe of the connection. Every call waits in a local event loop (the windows keep
+// painting) and is bounded: a connection that does not open, a transfer that stalls, a page that
+// never ends all give up in a few seconds. Any wait can be cancelled. No call ever raises.
 class Rete {
 public:
     // A page comes back padded with blanks to this length, and cut at it.
     static constexpr int LunghezzaPagina = 500000;
-    static constexpr int TempoMassimoMs = 15000;
-    // The probe runs at every activation of the frame: it gives up sooner than a download.
-    static constexpr int TempoMassimoSondaMs = 5000;
     // The port of the local update site of the project's tools.
     static constexpr quint16 PortaSitoLocale = 8641;
+
+    // How long a call may wait, in milliseconds.
+    struct Tempi {
+        int connessione = 5000; // until the request is on its way
+        int stallo = 10000;     // without a byte moving
+        int pagina = 60000;     // a whole page, however slowly it comes
+        int sonda = 5000;       // the probe runs at every activation of the frame: it gives up sooner
+    };
+
+    enum class Esito {
+        Completa,  // the exchange ended: the page (an HTTP error page too) came whole
+        Fallita,   // no connection, a time-out, a transfer broken off: the page is not whole
+        Annullata, // the user cancelled, or the program is closing
+    };
+
+    // A page as ScaricaPagina gives it (padded), and whether it came whole.
+    struct Pagina {
+        QString testo;
+        Esito esito = Esito::Fallita;
+        bool intera() const { return esito == Esito::Completa; }
+    };
+
+    // Hears when a wait for the network begins and ends (the frame shows its waiting box and keeps
+    // the user's input away from the screens meanwhile). Calls nest.
+    class Osservatore {
+    public:
+        virtual ~Osservatore() = default;
+        virtual void attesaIniziata() = 0;
+        virtual void attesaFinita() = 0;
+    };
+
+    // One operation of the user (an update, the loading of the messages): its calls are cancelled
+    // together, and once one of them fails for want of the site, the later ones fail at once
+    // instead of waiting again. A call made outside any operation is an operation of its own.
+    class Operazione {
+    public:
+        explicit Operazione(Rete &rete);
+        ~Operazione();
+        Operazione(const Operazione &) = delete;
+        Operazione &operator=(const Operazione &) = delete;
+
+    private:
+        Rete &m_rete;
+    };
 
     // The root of the update site: $VESPARA_SITO, else the settings store, else the local site.
     static QString radicePredefinita(const Impostazioni &impostazioni);
 
     explicit Rete(QString radice);
+    ~Rete();
+    Rete(const Rete &) = delete;
+    Rete &operator=(const Rete &) = delete;
 
     QString radice() const { return m_radice; }
     void setRadice(const QString &radice) { m_radice = radice; }
-    void setTempoMassimo(int ms) { m_tempoMassimo = ms; }
+    const Tempi &tempi() const { return m_tempi; }
+    void setTempi(const Tempi &tempi) { m_tempi = tempi; }
+    void setOsservatore(Osservatore *osservatore) { m_osservatore = osservatore; }
     // The URL of a path under the root ("/vespara/Quote.html").
     QUrl url(const QString &percorso) const;
 
     // ScaricaPagina: the page's text (Latin-1) followed by blanks up to LunghezzaPagina
     // characters. A dead host, a refused connection, a time-out give blanks; an HTTP error page
     // comes back as text like any page.
-    QString scaricaPagina(const QString &percorso);
+    QString scaricaPagina(const QString &percorso) { return scarica(percorso).testo; }
+    // The same, with whether the page came whole: the updates store only what did.
+    Pagina scarica(const QString &percorso);
     // The page's text as it is, not padded: the message pages. Empty when nothing came.
     QString scaricaTesto(const QString &percorso);
     // VerificaConnessione: true whenever an HTTP exchange with the root page completes, whatever
     // its status.
     bool verificaConnessione();
 
+    // Cancels the call under way and every later one of the current operation.
+    void annulla();
+    // The program is closing: the call under way ends and nothing more is fetched.
+    void chiudi();
+    // True once the current operation was cancelled, or the program is closing: from then on
+    // nothing may be written on the strength of the network.
+    bool interrotta() const { return m_chiusura || (m_annullata && m_operazioni > 0); }
+    bool inChiusura() const { return m_chiusura; }
+    // True while an operation runs, or a call waits.
+    bool occupata() const { return m_operazioni > 0 || m_attese > 0; }
+
 private:
     struct Risposta {
-        bool completata = false;
+        Esito esito = Esito::Fallita;
         QByteArray corpo;
     };
     Risposta esegui(const QUrl &indirizzo, int tempoMassimo);
+    Risposta attendi(QNetworkReply *reply, int tempoMassimo);
 
     QString m_radice;
-    int m_tempoMassimo = TempoMassimoMs;
+    Tempi m_tempi;
+    Osservatore *m_osservatore = nullptr;
+    int m_operazioni = 0;
+    int m_attese = 0;
+    bool m_annullata = false;
+    bool m_fallita = false;
+    bool m_chiusura = false;
+    QPointer<QNetworkReply> m_inCorso;
     QNetworkAccessManager m_gestore;
 };

@@ -52,6 +52,9 @@ bool AmbienteProva::avvia() {
         m_programma->pannello().activateWindow();
         if (!QTest::qWaitForWindowActive(&m_programma->pannello()))
             return false;
+        // What the start leaves to the event loop (the messages, the release notes, the check of
+        // the version on activation) is done before the test goes on.
+        QTest::qWait(20);
     }
     return riuscito;
 }
