@@ -14,6 +14,8 @@
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/tabellaarchivio.h"
+#include "core/frmattendere.h"
+#include "piattaforma/rete.h"
 
 #include <QAction>
 #include <QApplication>
@@ -26,6 +28,9 @@
 #include <QTcpServer>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QElapsedTimer>
+#include <QRegularExpression>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -333,6 +338,11 @@ private slots:
     void stagione();
     void aggiornaQuote();
     void concorsiStranieri();
+
+    // Updates stopped half-way: by the frame's close, by "Annulla", by a page that stalls.
+    void interruzione_data();
+    void interruzione();
+    void verificaVersioneNonDuranteAggiornamento();
 };
 
 void TstAggiornamentiSito::togliBlank_data() {
@@ -767,6 +777,187 @@ void TstAggiornamentiSito::concorsiStranieri() {
     QCOMPARE(dopo, resto);
     // This update leaves the screens open.
     QVERIFY(b.aperto(u"frmAggiornaConcorsiStranieri"_s));
+}
+
+
+namespace {
+
+enum class Interruzione { Chiusura, Annulla, Stallo };
+
+// Runs `azione` once the site has been asked for `percorso` (the page the update now waits for).
+void quandoChiesta(ServerHttp &server, const QString &percorso, std::function<void()> azione) {
+    auto *sorveglia = new QTimer;
+    sorveglia->setInterval(20);
+    QObject::connect(sorveglia, &QTimer::timeout, [&server, percorso, azione, sorveglia] {
+        for (const auto &r : server.richieste())
+            if (r.percorso == percorso) {
+                sorveglia->stop();
+                sorveglia->deleteLater();
+                azione();
+                return;
+            }
+    });
+    sorveglia->start();
+}
+
+// The waiting box on show, the update's own or the one the frame puts up for a long wait.
+FrmAttendere *boxDiAttesa() {
+    const QWidgetList finestre = QApplication::topLevelWidgets();
+    for (QWidget *w : finestre)
+        if (auto *f = qobject_cast<FrmAttendere *>(w); f && f->isVisible())
+            return f;
+    return nullptr;
+}
+
+} // namespace
+
+void TstAggiornamentiSito::interruzione_data() {
+    QTest::addColumn<QString>("voce");
+    QTest::addColumn<QString>("schermo");
+    QTest::addColumn<bool>("nuovoArchivio"); // the site has a new last contest
+    QTest::addColumn<QString>("ferma");      // the page the update is waiting for
+    QTest::addColumn<int>("come");
+    QTest::addColumn<QStringList>("cambiati"); // the files written before it
+    const QString completo = u"mnuCampionatoItaliano"_s;
+    const QString frmInternet = u"frmInternet"_s;
+    const QString riparazione = u"mnuSoloArchivi"_s;
+    const QString frmRiparazione = u"frmAggiornaSoloArchivi"_s;
+    const QString c1a = u"/vespara/ClassifSerieC1A.html"_s;
+    const QStringList ab{u"ClassifSerieA.txt"_s, u"ClassifSerieB.txt"_s};
+    const QStringList archivio{u"Archivio.txt"_s, u"ArchivioPrecedente.txt"_s, u"archivio.db"_s};
+    QTest::newRow("chiusura sulla classifica C1A")
+        << completo << frmInternet << false << c1a << int(Interruzione::Chiusura) << ab;
+    QTest::newRow("annulla sulla classifica C1A, archivio ricostruito")
+        << completo << frmInternet << true << c1a << int(Interruzione::Annulla)
+        << archivio + ab;
+    QTest::newRow("classifica C1A interrotta a metà")
+        << completo << frmInternet << false << c1a << int(Interruzione::Stallo) << ab;
+    QTest::newRow("chiusura sulle quote")
+        << completo << frmInternet << true << Quote << int(Interruzione::Chiusura)
+        << archivio + remoti(classifiche()).replaceInStrings(u"/vespara/"_s, QString())
+                          .replaceInStrings(u".html"_s, u".txt"_s);
+    QTest::newRow("chiusura sull'archivio")
+        << completo << frmInternet << true << PaginaArchivio << int(Interruzione::Chiusura)
+        << QStringList();
+    QTest::newRow("archivio interrotto a metà")
+        << completo << frmInternet << true << PaginaArchivio << int(Interruzione::Stallo)
+        << QStringList();
+    QTest::newRow("chiusura durante la riparazione")
+        << riparazione << frmRiparazione << true << PaginaArchivio
+        << int(Interruzione::Chiusura) << QStringList();
+    QTest::newRow("annulla durante la riparazione")
+        << riparazione << frmRiparazione << true << PaginaArchivio << int(Interruzione::Annulla)
+        << QStringList();
+}
+
+void TstAggiornamentiSito::interruzione() {
+    QFETCH(QString, voce);
+    QFETCH(QString, schermo);
+    QFETCH(bool, nuovoArchivio);
+    QFETCH(QString, ferma);
+    QFETCH(int, come);
+    QFETCH(QStringList, cambiati);
+    Banco b;
+    QStringList sulSito = archivioConsegnato();
+    if (nuovoArchivio)
+        sulSito.last() = Colonna::rigaArchivio(u"2026"_s, u"14"_s, u"1X21X21X21X21X"_s);
+    else
+        sulSito = senzaUltima(sulSito);
+    b.sito.archivio(sulSito);
+    // The stopped page sends a piece of itself, then nothing more.
+    const QByteArray pagina = leggi(b.sito.dir.filePath(ferma.mid(1)));
+    b.sito.server.impostaADueTempi(ferma, pagina, int(pagina.size() / 2), -1);
+    QVERIFY(b.avvia());
+    const Interruzione modo = Interruzione(come);
+    // A stall ends the transfer quickly; the others wait for the user long enough.
+    b.stato().rete().setTempi(modo == Interruzione::Stallo ? Rete::Tempi{2000, 300, 5000, 2000}
+                                                           : Rete::Tempi{2000, 20000, 30000, 2000});
+    const auto prima = b.cartella();
+    const QString colonnaPrima = b.a.pannello().findChild<QLabel *>(u"lblColonna"_s)->text();
+    bool azionato = modo == Interruzione::Stallo;
+    quandoChiesta(b.sito.server, ferma, [&] {
+        if (modo == Interruzione::Chiusura) {
+            b.a.pannello().close();
+            azionato = true;
+        } else if (modo == Interruzione::Annulla) {
+            // The user waits for the box, then presses its button.
+            QTimer::singleShot(900, [&] {
+                if (FrmAttendere *box = boxDiAttesa()) {
+                    QTest::mouseClick(box->findChild<QPushButton *>(u"cmdAnnulla"_s),
+                                      Qt::LeftButton);
+                    azionato = true;
+                }
+            });
+        }
+    });
+    QElapsedTimer tempo;
+    tempo.start();
+    QVERIFY(b.aggiorna(voce, schermo));
+    QVERIFY(azionato);
+    QVERIFY(tempo.elapsed() < 10000);
+
+    // Nothing written after the stop, and no page that came in part.
+    const auto dopo = b.cartella();
+    QStringList nomi = prima.keys() + dopo.keys();
+    nomi.removeDuplicates();
+    for (const QString &nome : std::as_const(nomi)) {
+        if (cambiati.contains(nome))
+            QVERIFY2(dopo.value(nome) != prima.value(nome), qPrintable(nome));
+        else
+            QVERIFY2(dopo.value(nome) == prima.value(nome), qPrintable(nome));
+    }
+    // The site was not asked for anything past the stopped page.
+    const QStringList chiesti = b.sito.percorsi();
+    QCOMPARE(chiesti.mid(chiesti.indexOf(ferma) + 1)
+                 .filter(QRegularExpression(u"^/(vespara|AggiornamentiVp)/"_s,
+                                            QRegularExpression::CaseInsensitiveOption)),
+             QStringList());
+    QCOMPARE(QApplication::overrideCursor(), nullptr);
+    QTRY_VERIFY(!boxDiAttesa());
+    if (modo == Interruzione::Stallo) {
+        QCOMPARE(b.a.dialoghi.boxes.size(), 1);
+        QCOMPARE(b.a.dialoghi.boxes.first().tipo, Tipo::Critico);
+        QVERIFY2(b.a.dialoghi.boxes.first().testo.contains(ferma + u" del sito non è arrivata "
+                                                                  "per intero"_s),
+                 qPrintable(b.a.dialoghi.boxes.first().testo));
+    } else {
+        QCOMPARE(b.boxes(), QStringList());
+    }
+    if (modo == Interruzione::Chiusura)
+        return;
+    // A rebuilt archive shows at once, though the update stopped after it.
+    const bool ricostruito = cambiati.contains(u"Archivio.txt"_s);
+    QCOMPARE(b.a.pannello().findChild<QLabel *>(u"lblColonna"_s)->text(),
+             ricostruito ? Colonna::lineaColonna(u"1X21X21X21X21X"_s) : colonnaPrima);
+    if (ricostruito) {
+        QCOMPARE(b.disaccordo(sulSito), QString());
+        QVERIFY(b.aperto(u"frmPannelloSegni"_s));
+        QVERIFY(!b.aperto(schermo));
+    }
+}
+
+void TstAggiornamentiSito::verificaVersioneNonDuranteAggiornamento() {
+    // A newer program is on the site: the check at an activation would ask. During an update it
+    // must neither run nor ask; the next activation does.
+    Banco b;
+    b.sito.scrivi(u"/vespara/AggiornamentoProdotto5.html"_s, "9.0.0");
+    b.sito.archivio(senzaUltima(archivioConsegnato()));
+    b.sito.server.setRitardo(u"/vespara/ClassifSerieB.html"_s, 400);
+    QVERIFY(b.avvia());
+    b.a.dialoghi.svuota();
+    b.sito.server.svuotaRichieste();
+    quandoChiesta(b.sito.server, u"/vespara/ClassifSerieB.html"_s,
+                  [&b] { emit b.a.pannello().attivata(); });
+    QVERIFY(b.aggiorna(u"mnuCampionatoItaliano"_s, u"frmInternet"_s));
+    QCOMPARE(b.boxes(), QStringList{Banco::box(Tipo::Informazione, Effettuato)});
+    QVERIFY(!b.sito.percorsi().contains(u"/vespara/AggiornamentoProdotto5.html"_s));
+    QTest::qWait(50);
+    QVERIFY(!b.sito.percorsi().contains(u"/vespara/AggiornamentoProdotto5.html"_s));
+
+    emit b.a.pannello().attivata();
+    QTest::qWait(50);
+    QCOMPARE(b.a.dialoghi.boxes.size(), 2);
+    QCOMPARE(b.a.dialoghi.boxes.last().tipo, Tipo::Domanda);
 }
 
 QTEST_MAIN(TstAggiornamentiSito)

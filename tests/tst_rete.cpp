@@ -9,7 +9,9 @@
 #include <QFileInfo>
 #include <QTcpServer>
 #include <QTemporaryDir>
+#include <QRegularExpression>
 #include <QTest>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +30,12 @@ private slots:
     void percorsiSenzaMaiuscole();
     void testoNonRiempito();
     void radiceDaUnSoloPosto();
+    void esitoDellaPagina_data();
+    void esitoDellaPagina();
+    void rispostaTardivaDopoIlRitorno();
+    void annullaLAttesa();
+    void operazioneNonAspettaDueVolte();
+    void chiusuraFermaTutto();
 
 private:
     QTemporaryDir m_dir;
@@ -160,6 +168,120 @@ void TstRete::radiceDaUnSoloPosto() {
     qputenv("VESPARA_SITO", "http://127.0.0.1:1234");
     QCOMPARE(Rete::radicePredefinita(impostazioni), u"http://127.0.0.1:1234"_s);
     qunsetenv("VESPARA_SITO");
+}
+
+// Short waits, so that the stalls of the tests cost little.
+constexpr Rete::Tempi TempiBrevi{2000, 300, 5000, 2000};
+
+void TstRete::esitoDellaPagina_data() {
+    QTest::addColumn<QString>("percorso");
+    QTest::addColumn<int>("esito");
+    QTest::addColumn<QString>("inizio"); // what the padded text starts with
+    QTest::newRow("pagina") << u"/vespara/Corta.html"_s << int(Rete::Esito::Completa) << u"abc"_s;
+    // An error page is a page that came whole: the updates store it, as they always have.
+    QTest::newRow("404") << u"/vespara/NonCe.html"_s << int(Rete::Esito::Completa)
+                         << u"<html>"_s;
+    QTest::newRow("sito muto") << u"/muto.html"_s << int(Rete::Esito::Fallita) << QString();
+    QTest::newRow("interrotta a metà")
+        << u"/meta.html"_s << int(Rete::Esito::Fallita) << u"prima metà"_s;
+}
+
+void TstRete::esitoDellaPagina() {
+    QFETCH(QString, percorso);
+    QFETCH(int, esito);
+    QFETCH(QString, inizio);
+    m_server->setRitardo(u"/muto.html"_s, -1);
+    m_server->impostaADueTempi(u"/meta.html"_s, "prima met\xe0 seconda met\xe0", 11, -1);
+    Rete rete(m_server->radice());
+    rete.setTempi(TempiBrevi);
+    QElapsedTimer tempo;
+    tempo.start();
+    const Rete::Pagina pagina = rete.scarica(percorso);
+    QCOMPARE(int(pagina.esito), esito);
+    QCOMPARE(pagina.testo.size(), Rete::LunghezzaPagina);
+    QVERIFY2(pagina.testo.startsWith(inizio), qPrintable(pagina.testo.left(40)));
+    if (inizio.isEmpty())
+        QCOMPARE(pagina.testo.trimmed(), QString());
+    // A stalled transfer ends at the stall's time, not at the page's.
+    QVERIFY(tempo.elapsed() < 2000);
+}
+
+void TstRete::rispostaTardivaDopoIlRitorno() {
+    // The rest of the page arrives after the download gave up and returned: nothing of the
+    // finished call may run then (its handlers referred to a frame that is gone).
+    // Here the page is full at its first piece, and the download returns at once; the rest comes
+    // while the next download of the same event waits (Qt disposes of the first reply only back
+    // in the outer loop), and lands where the first call's frame was.
+    QTest::failOnWarning(QRegularExpression(u"QIODevice"_s));
+    m_server->impostaADueTempi(u"/tardiva.html"_s, QByteArray(Rete::LunghezzaPagina + 300000, 'z'),
+                               Rete::LunghezzaPagina + 1000, 100);
+    m_server->setRitardo(u"/muto.html"_s, -1);
+    Rete rete(m_server->radice());
+    rete.setTempi(TempiBrevi);
+    const Rete::Pagina pagina = rete.scarica(u"/tardiva.html"_s);
+    QCOMPARE(pagina.esito, Rete::Esito::Completa);
+    QCOMPARE(pagina.testo, QString(Rete::LunghezzaPagina, u'z'));
+    const Rete::Pagina muta = rete.scarica(u"/muto.html"_s);
+    QCOMPARE(muta.esito, Rete::Esito::Fallita);
+    QCOMPARE(muta.testo.trimmed(), QString());
+    QCOMPARE(rete.scaricaPagina(u"/vespara/Corta.html"_s).trimmed(), u"abc"_s);
+}
+
+void TstRete::annullaLAttesa() {
+    m_server->setRitardo(u"/muto.html"_s, -1);
+    Rete rete(m_server->radice());
+    QTimer::singleShot(200, [&rete] { rete.annulla(); });
+    QElapsedTimer tempo;
+    tempo.start();
+    QCOMPARE(rete.scarica(u"/muto.html"_s).esito, Rete::Esito::Annullata);
+    QVERIFY(tempo.elapsed() < 2000);
+    // A call of its own afterwards is not cancelled.
+    QCOMPARE(rete.scarica(u"/vespara/Corta.html"_s).esito, Rete::Esito::Completa);
+
+    // Within an operation, the cancel holds for the calls after it too.
+    Rete::Operazione operazione(rete);
+    QTimer::singleShot(200, [&rete] { rete.annulla(); });
+    QCOMPARE(rete.scarica(u"/muto.html"_s).esito, Rete::Esito::Annullata);
+    QVERIFY(rete.interrotta());
+    m_server->svuotaRichieste();
+    QCOMPARE(rete.scarica(u"/vespara/Corta.html"_s).esito, Rete::Esito::Annullata);
+    QVERIFY(!rete.verificaConnessione());
+    QVERIFY(m_server->richieste().isEmpty());
+}
+
+void TstRete::operazioneNonAspettaDueVolte() {
+    m_server->setRitardo(u"/muto.html"_s, -1);
+    Rete rete(m_server->radice());
+    rete.setTempi(TempiBrevi);
+    {
+        Rete::Operazione operazione(rete);
+        QCOMPARE(rete.scarica(u"/muto.html"_s).esito, Rete::Esito::Fallita);
+        // The site did not answer: the rest of the operation does not wait for it again.
+        m_server->svuotaRichieste();
+        QElapsedTimer tempo;
+        tempo.start();
+        QCOMPARE(rete.scarica(u"/vespara/Corta.html"_s).esito, Rete::Esito::Fallita);
+        QVERIFY(tempo.elapsed() < 100);
+        QVERIFY(m_server->richieste().isEmpty());
+        QVERIFY(!rete.interrotta());
+    }
+    // The next operation tries again.
+    Rete::Operazione nuova(rete);
+    QCOMPARE(rete.scarica(u"/vespara/Corta.html"_s).esito, Rete::Esito::Completa);
+}
+
+void TstRete::chiusuraFermaTutto() {
+    m_server->setRitardo(u"/muto.html"_s, -1);
+    Rete rete(m_server->radice());
+    QTimer::singleShot(200, [&rete] { rete.chiudi(); });
+    QCOMPARE(rete.scarica(u"/muto.html"_s).esito, Rete::Esito::Annullata);
+    QVERIFY(rete.inChiusura());
+    QVERIFY(rete.interrotta());
+    m_server->svuotaRichieste();
+    QCOMPARE(rete.scarica(u"/vespara/Corta.html"_s).esito, Rete::Esito::Annullata);
+    QVERIFY(!rete.verificaConnessione());
+    QCOMPARE(rete.scaricaTesto(u"/vespara/Corta.html"_s), QString());
+    QVERIFY(m_server->richieste().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TstRete)

@@ -143,7 +143,7 @@ Rete::Risposta Rete::attendi(QNetworkReply *reply, int tempoMassimo) {
     if (m_osservatore)
         m_osservatore->attesaFinita();
 
-    if (!piena && reply->isFinished())
+    if (!piena && reply->isFinished() && reply->isOpen())
         risposta.corpo += reply->read(LunghezzaPagina - risposta.corpo.size());
     piena = piena || risposta.corpo.size() >= LunghezzaPagina;
     if (m_chiusura || m_annullata)

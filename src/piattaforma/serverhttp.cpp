@@ -44,6 +44,11 @@ void ServerHttp::imposta(const QString &percorso, const QByteArray &corpo, int s
     m_fisse.insert(percorso, {stato, corpo});
 }
 
+void ServerHttp::impostaADueTempi(const QString &percorso, const QByteArray &corpo, int subito,
+                                  int ms) {
+    m_aDueTempi.insert(percorso, {corpo, subito, ms});
+}
+
 void ServerHttp::nuovaConnessione() {
     while (QTcpSocket *socket = m_server.nextPendingConnection()) {
         connect(socket, &QTcpSocket::readyRead, this, [this, socket] { leggi(socket); });
@@ -74,8 +79,11 @@ void ServerHttp::leggi(QTcpSocket *socket) {
     }
     dati.clear();
     m_richieste.append(richiesta);
-    if (m_ritardo > 0)
-        QTimer::singleShot(m_ritardo, socket,
+    const int ritardo = m_ritardiPercorso.value(QUrl(richiesta.percorso).path(), m_ritardo);
+    if (ritardo < 0)
+        return;
+    if (ritardo > 0)
+        QTimer::singleShot(ritardo, socket,
                            [this, socket, richiesta] { rispondi(socket, richiesta); });
     else
         rispondi(socket, richiesta);
@@ -110,6 +118,18 @@ QString ServerHttp::trovaFile(const QString &percorso) const {
 
 void ServerHttp::rispondi(QTcpSocket *socket, const Richiesta &richiesta) {
     const QString percorso = QUrl(richiesta.percorso).path();
+    if (const auto lenta = m_aDueTempi.constFind(percorso); lenta != m_aDueTempi.cend()) {
+        QByteArray testa = "HTTP/1.1 200 OK\r\nContent-Type: text/html; charset=iso-8859-1\r\n";
+        testa += "Content-Length: " + QByteArray::number(lenta->corpo.size()) + "\r\n";
+        testa += "Connection: close\r\n\r\n";
+        socket->write(testa + lenta->corpo.left(lenta->subito));
+        if (lenta->ritardo >= 0)
+            QTimer::singleShot(lenta->ritardo, socket, [socket, resto = lenta->corpo.mid(lenta->subito)] {
+                socket->write(resto);
+                socket->disconnectFromHost();
+            });
+        return;
+    }
     int stato = 200;
     QByteArray corpo;
     if (const auto fissa = m_fisse.constFind(percorso); fissa != m_fisse.cend()) {

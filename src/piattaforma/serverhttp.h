@@ -36,6 +36,12 @@ public:
     void imposta(const QString &percorso, const QByteArray &corpo, int stato = 200);
     // Answers are held back this long (to test the time-outs).
     void setRitardo(int ms) { m_ritardo = ms; }
+    // The answer of one path (exact, without query) held back this long; a negative time never
+    // answers (a site that has gone silent).
+    void setRitardo(const QString &percorso, int ms) { m_ritardiPercorso.insert(percorso, ms); }
+    // A page that arrives in two pieces: the head and the first `subito` bytes of the body at
+    // once, the rest after `ms` (never, when negative). Tests of transfers that stall or break.
+    void impostaADueTempi(const QString &percorso, const QByteArray &corpo, int subito, int ms);
 
 private:
     void nuovaConnessione();
@@ -46,6 +52,13 @@ private:
     QString m_cartella;
     QList<Richiesta> m_richieste;
     QHash<QString, QPair<int, QByteArray>> m_fisse;
+    QHash<QString, int> m_ritardiPercorso;
+    struct ADueTempi {
+        QByteArray corpo;
+        int subito = 0;
+        int ritardo = -1;
+    };
+    QHash<QString, ADueTempi> m_aDueTempi;
     QHash<QTcpSocket *, QByteArray> m_ricevuti;
     int m_ritardo = 0;
     // Last, so that it goes first: its sockets still find the tables above when they close.
