@@ -9,9 +9,19 @@
 #include "core/statoprogramma.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
+#include "piattaforma/serverhttp.h"
+#include "core/archiviocolonne.h"
+#include "core/scritturearchivio.h"
+#include "core/mdiprogramma.h"
+#include "piattaforma/tabellaarchivio.h"
+#include "supporto/archiviosintetico.h"
+#include "supporto/strumentiprova.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -67,6 +77,10 @@ private slots:
     void primoAvvioRiempieLaCartella();
     void squadreStraniereFinoAlPrimoErrore();
     void archivioOltreLaCapacita();
+    void archivioIlleggibileAllAvvio_data();
+    void archivioIlleggibileAllAvvio();
+    void cartellaNuovaOgniVoceSiApre();
+    void laCorniceNonAspettaIlSito();
     void didascalieDelMenu_data();
     void didascalieDelMenu();
     void vociAbilitate_data();
@@ -417,4 +431,147 @@ void TstCornice::centratura() {
 }
 
 QTEST_MAIN(TstCornice)
+void TstCornice::archivioIlleggibileAllAvvio_data() {
+    QTest::addColumn<bool>("conCopia");
+    QTest::addColumn<bool>("risposta");
+    QTest::newRow("copia precedente ripristinata") << true << true;
+    QTest::newRow("copia precedente rifiutata") << true << false;
+    QTest::newRow("senza copia precedente") << false << false;
+}
+
+void TstCornice::archivioIlleggibileAllAvvio() {
+    QFETCH(bool, conCopia);
+    QFETCH(bool, risposta);
+    AmbienteProva a;
+    const QStringList buono = archivioSintetico(300);
+    QStringList guasto = archivioSintetico(301);
+    guasto[2] = u"2011 3 1X21X21X21X21X"_s; // a line edited by hand: three fields
+    a.scrivi(u"Archivio.txt"_s, guasto);
+    const QByteArray byteGuasto = StrumentiProva::contenuto(a.file(u"Archivio.txt"_s));
+    if (conCopia)
+        a.scrivi(u"ArchivioPrecedente.txt"_s, buono);
+    a.dialoghi.risposte.enqueue(risposta);
+    // Locked out no more: the program starts in every case.
+    QVERIFY(a.avvia());
+    QVERIFY(!a.dialoghi.boxes.isEmpty());
+    const DialoghiProva::Box primo = a.dialoghi.boxes.first();
+    QVERIFY2(primo.testo.contains(u"riga 3"_s), qPrintable(primo.testo));
+    QCOMPARE(primo.tipo, conCopia ? Dialoghi::Tipo::Domanda : Dialoghi::Tipo::Critico);
+    if (risposta) {
+        QCOMPARE(a.dialoghi.boxes.size(), 1);
+        QCOMPARE(a.stato().NumeroColonne(), 300);
+        QCOMPARE(FileDati::leggiRighe(a.file(u"Archivio.txt"_s)), buono);
+        QCOMPARE(StrumentiProva::contenuto(a.file(u"ArchivioDanneggiato.txt"_s)), byteGuasto);
+        QCOMPARE(a.stato().tabellaArchivio().conteggio(), 300);
+        QVERIFY(a.pannello().trovaSchermo(u"frmPannelloSegni"_s));
+        return;
+    }
+    // Without the archive: nothing written, the dashboard empty, and the repair at hand.
+    QCOMPARE(a.dialoghi.boxes.last().tipo, Dialoghi::Tipo::Critico);
+    QVERIFY(a.dialoghi.boxes.last().testo.contains(u"Solo Archivi (Aggiorna/Ripara)"_s));
+    QCOMPARE(a.stato().NumeroColonne(), 0);
+    QCOMPARE(StrumentiProva::contenuto(a.file(u"Archivio.txt"_s)), byteGuasto);
+    QVERIFY(a.pannello().findChild<QLabel *>(u"lblColonna"_s)->text().isEmpty());
+
+    // The repair from the site brings the archive back.
+    QTemporaryDir sito;
+    ScrittureArchivio::scriviPaginaArchivio(
+        sito.filePath(u"ColonneTotocalcio.htm"_s), ArchivioColonne::daRighe(buono));
+    QDir(sito.path()).mkdir(u"AggiornamentiVp"_s);
+    QFile::rename(sito.filePath(u"ColonneTotocalcio.htm"_s),
+                  sito.filePath(u"AggiornamentiVp/ColonneTotocalcio.htm"_s));
+    ServerHttp server(sito.path());
+    QVERIFY(server.avvia());
+    a.impostaSito(server.radice());
+    a.dialoghi.svuota();
+    a.pannello().findChild<QAction *>(u"mnuSoloArchivi"_s)->trigger();
+    QWidget *frm = a.pannello().trovaSchermo(u"frmAggiornaSoloArchivi"_s);
+    QVERIFY(frm);
+    QTest::mouseClick(frm->findChild<QPushButton *>(u"cmdAggiorna"_s), Qt::LeftButton);
+    QCOMPARE(a.stato().NumeroColonne(), 300);
+    QCOMPARE(a.stato().tabellaArchivio().conteggio(), 300);
+    QVERIFY(a.pannello().trovaSchermo(u"frmPannelloSegni"_s));
+    QVERIFY(!a.pannello().findChild<QLabel *>(u"lblColonna"_s)->text().isEmpty());
+    // The unreadable file is kept, and the previous generation (if any) is not replaced by it.
+    QCOMPARE(StrumentiProva::contenuto(a.file(u"ArchivioDanneggiato.txt"_s)), byteGuasto);
+    if (conCopia)
+        QCOMPARE(FileDati::leggiRighe(a.file(u"ArchivioPrecedente.txt"_s)), buono);
+}
+
+void TstCornice::cartellaNuovaOgniVoceSiApre() {
+    // A data folder filled on the first start, the site up with its messages: no menu entry, no
+    // toolbar button and not the envelope ends in a file's error.
+    AmbienteProva a;
+    const QStringList nomi = QDir(a.cartella()).entryList(QDir::Files);
+    for (const QString &nome : nomi)
+        if (nome != u"impostazioni.ini"_s)
+            a.rimuovi(nome);
+    QTemporaryDir sito;
+    QDir(sito.path()).mkdir(u"comunicazioniVp"_s);
+    const auto pagina = [&sito](const QString &nome, const QByteArray &testo) {
+        QVERIFY(StrumentiProva::scriviGrezzo(sito.filePath(u"comunicazioniVp/"_s + nome), testo));
+    };
+    pagina(u"new.htm"_s, "3");
+    for (const QString &nome : {u"data.htm"_s, u"titolo.htm"_s, u"riga1.htm"_s, u"riga2.htm"_s,
+                                u"riga3.htm"_s, u"riga4.htm"_s, u"staff.htm"_s})
+        pagina(nome, "a-b-c");
+    pagina(u"link.htm"_s, "");
+    ServerHttp server(sito.path());
+    QVERIFY(server.avvia());
+    a.impostaSito(server.radice());
+    QVERIFY(a.avvia());
+    QVERIFY(QFile::exists(a.file(u"new.dat"_s)));
+    QTRY_VERIFY(a.pannello().imgComm()->toolTip().startsWith(u"Nuovo messaggio"_s));
+
+    QStringList voci;
+    const QList<QAction *> azioni = a.pannello().findChildren<QAction *>();
+    for (QAction *azione : azioni) {
+        const QString nome = azione->objectName();
+        if (!azione->isEnabled() || azione->menu() || nome.isEmpty() || nome == u"mnuEsci"_s ||
+            nome == u"TB(10)"_s)
+            continue;
+        voci.append(nome);
+        azione->trigger();
+        QTest::qWait(5);
+    }
+    QVERIFY(voci.contains(u"mnuComunicazioni"_s));
+    QTest::mouseClick(a.pannello().imgComm(), Qt::LeftButton);
+    QTest::qWait(20);
+    for (const DialoghiProva::Box &box : std::as_const(a.dialoghi.boxes))
+        QVERIFY2(!box.testo.contains(u"file"_s, Qt::CaseInsensitive),
+                 qPrintable(box.testo));
+    QVERIFY(a.pannello().trovaSchermo(u"frmComm"_s));
+}
+
+void TstCornice::laCorniceNonAspettaIlSito() {
+    // A site that takes the connection and never answers: the frame is up at once, and the
+    // messages and the release notes are asked for only then.
+    AmbienteProva a;
+    QTemporaryDir sito;
+    ServerHttp server(sito.path());
+    server.setRitardo(-1);
+    QVERIFY(server.avvia());
+    a.impostaSito(server.radice());
+    a.rimuovi(u"450.txt"_s);
+    MdiProgramma programma(a.cartella(), a.dialoghi, a.impostazioni(), a.schermo);
+    QElapsedTimer tempo;
+    tempo.start();
+    QVERIFY(programma.avvia());
+    QVERIFY(tempo.elapsed() < 1000);
+    QVERIFY(server.richieste().isEmpty());
+    // Once in the event loop the program asks; closing the frame ends the wait at once.
+    qsizetype chieste = -1;
+    QTimer::singleShot(300, &programma.pannello(), [&] {
+        chieste = server.richieste().size();
+        programma.pannello().close();
+    });
+    programma.pannello().show();
+    tempo.restart();
+    QTRY_VERIFY(chieste >= 0);
+    QVERIFY(chieste > 0);
+    QVERIFY2(tempo.elapsed() < 2000, qPrintable(QString::number(tempo.elapsed())));
+    QCOMPARE(programma.pannello().imgComm()->toolTip(), u"Connessione non attiva."_s);
+    QVERIFY(!programma.pannello().trovaSchermo(u"frmRelease"_s));
+}
+
 #include "tst_cornice.moc"

@@ -14,6 +14,9 @@
 #include "piattaforma/griglia.h"
 #include "piattaforma/tabellaarchivio.h"
 #include "piattaforma/vistagriglia.h"
+#include "supporto/archiviosintetico.h"
+#include "supporto/strumentiprova.h"
+#include "core/colonna.h"
 
 #include <QAction>
 #include <QDate>
@@ -163,6 +166,12 @@ private slots:
     void gestioneRigaPropria();
     void gestioneEliminaNo();
     void gestioneEliminaUltima();
+
+    // What a writer must never lose or hide.
+    void copiaPrecedenteAdOgniScrittura();
+    void tabellaVecchiaRicostruitaAllAvvio();
+    void gestioneTogliBlank();
+    void inserimentoSuArchivioCheIlPannelloNonPrende();
 
     // frmArchivio.
     void archivioGriglia();
@@ -692,4 +701,85 @@ void TstSchermiArchivio::archivioCreaHtm() {
 }
 
 QTEST_MAIN(TstSchermiArchivio)
+void TstSchermiArchivio::copiaPrecedenteAdOgniScrittura() {
+    Banco b;
+    QVERIFY(b.avvia());
+    const QString precedente = b.a.file(u"ArchivioPrecedente.txt"_s);
+    QVERIFY(!QFile::exists(precedente));
+    // The entry, the edit and the deletion each keep the file they replace.
+    QByteArray prima = b.byteFile();
+    QWidget *frm = b.apri(u"mnuInserisci"_s, u"frmInserisci"_s);
+    b.scrivi(frm, u"txtColonna"_s, u"1X21X21X21X21X"_s);
+    b.clic(frm, u"cmdInserisci"_s);
+    QCOMPARE(StrumentiProva::contenuto(precedente), prima);
+    prima = b.byteFile();
+    frm = b.apri(u"mnuModifica"_s, u"frmGestione"_s);
+    b.scrivi(frm, u"txtConcorso"_s, u"99"_s);
+    b.clic(frm, u"Command1"_s);
+    QCOMPARE(StrumentiProva::contenuto(precedente), prima);
+    prima = b.byteFile();
+    b.a.dialoghi.risposte.enqueue(true);
+    frm = b.apri(u"mnuModifica"_s, u"frmGestione"_s);
+    b.clic(frm, u"cmdElimina"_s);
+    QCOMPARE(StrumentiProva::contenuto(precedente), prima);
+    QVERIFY(StrumentiProva::contenuto(precedente) != b.byteFile());
+}
+
+void TstSchermiArchivio::tabellaVecchiaRicostruitaAllAvvio() {
+    // The table still holds an older archive (the file was restored by hand, or copied from
+    // another computer): the file is the master, and nothing of the old table comes back.
+    Banco b;
+    const QStringList vecchio = archivioSintetico(250);
+    {
+        TabellaArchivio tabella(b.a.file(u"archivio.db"_s));
+        tabella.ricostruisci(ArchivioColonne::daRighe(vecchio));
+    }
+    QStringList nuovo = archivioSintetico(260);
+    nuovo.last() = Ultima;
+    QVERIFY(b.avvia(nuovo));
+    QCOMPARE(b.disaccordo(), QString());
+    QCOMPARE(b.a.stato().tabellaArchivio().conteggio(), 260);
+
+    // The entry screen and the edit screen show the file's last contest.
+    QWidget *ins = b.apri(u"mnuInserisci"_s, u"frmInserisci"_s);
+    QCOMPARE(b.testo(ins, u"lblCV"_s), Colonna::colonnaRaggruppata(Ultima.split(u' ').at(2)));
+    QCOMPARE(b.testo(ins, u"lblConcorso"_s), Ultima.split(u' ').at(1));
+    b.clic(ins, u"Command1"_s);
+    QWidget *frm = b.apri(u"mnuModifica"_s, u"frmGestione"_s);
+    QCOMPARE(b.testo(frm, u"txtColonna"_s), Ultima.split(u' ').at(2));
+    b.clic(frm, u"Command1"_s);
+    QCOMPARE(b.righeFile(), nuovo);
+    QCOMPARE(b.disaccordo(), QString());
+}
+
+void TstSchermiArchivio::gestioneTogliBlank() {
+    Banco b;
+    QVERIFY(b.avvia());
+    QWidget *frm = b.apri(u"mnuModifica"_s, u"frmGestione"_s);
+    b.scrivi(frm, u"txtStagione"_s, u" 1999 "_s);
+    b.scrivi(frm, u"txtColonna"_s, u"x1x1x1x1x1x1x1 "_s);
+    b.clic(frm, u"Command1"_s);
+    QCOMPARE(b.righeFile().last(), u"1999 14 X1X1X1X1X1X1X1 7 7 0 13 0 0"_s);
+    QCOMPARE(b.disaccordo(), QString());
+}
+
+void TstSchermiArchivio::inserimentoSuArchivioCheIlPannelloNonPrende() {
+    // 100 contests: too few for the signs panel. Its fault is shown, but the insertion is done
+    // and says so, and the dashboard shows the new row.
+    Banco b;
+    QVERIFY(b.avvia(archivioSintetico(100)));
+    b.a.dialoghi.svuota();
+    QWidget *frm = b.apri(u"mnuInserisci"_s, u"frmInserisci"_s);
+    b.scrivi(frm, u"txtConcorso"_s, u"99999"_s);
+    b.scrivi(frm, u"txtColonna"_s, u"1X21X21X21X21X"_s);
+    b.clic(frm, u"cmdInserisci"_s);
+    QCOMPARE(b.a.stato().NumeroColonne(), 101);
+    QCOMPARE(b.disaccordo(), QString());
+    QCOMPARE(b.a.dialoghi.boxes.size(), 2);
+    QCOMPARE(b.a.dialoghi.boxes.at(0).tipo, Dialoghi::Tipo::Critico);
+    QCOMPARE(b.a.dialoghi.boxes.at(1).testo, u"Inserimento effettuato."_s);
+    QCOMPARE(b.cruscotto(u"lblData"_s), u"Anno %1  n.99999"_s.arg(anno()));
+    QVERIFY(!b.aperto(u"frmInserisci"_s));
+}
+
 #include "tst_schermiarchivio.moc"

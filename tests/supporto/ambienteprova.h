@@ -36,6 +36,7 @@ public:
     bool avvia();
     MdiPannello &pannello() const;
     StatoProgramma &stato() const;
+    Impostazioni &impostazioni() const { return *m_impostazioni; }
 
     DialoghiProva dialoghi;
     Schermo schermo;
