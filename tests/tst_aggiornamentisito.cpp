@@ -845,6 +845,10 @@ void TstAggiornamentiSito::interruzione_data() {
     QTest::newRow("chiusura durante la riparazione")
         << riparazione << frmRiparazione << true << PaginaArchivio
         << int(Interruzione::Chiusura) << QStringList();
+    // The foreign lists are replaced only all together.
+    QTest::newRow("lista del Belgio interrotta a metà")
+        << u"mnuAggiornaCampionatiStranieri"_s << u"frmAggiornaConcorsiStranieri"_s << false
+        << u"/vespara/SerieBelgio.txt"_s << int(Interruzione::Stallo) << QStringList();
     QTest::newRow("annulla durante la riparazione")
         << riparazione << frmRiparazione << true << PaginaArchivio << int(Interruzione::Annulla)
         << QStringList();

@@ -11,6 +11,7 @@
 #include "piattaforma/serverhttp.h"
 #include "aggiornamenti/versione.h"
 #include "core/mdipannello.h"
+#include "piattaforma/rete.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
@@ -27,6 +28,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QElapsedTimer>
 #include <QTest>
 #include <QTextBrowser>
 #include <QTimer>
@@ -175,6 +177,7 @@ private slots:
     void navigazione();
     void unaSolaComunicazione();
     void rigaConIndirizzo();
+    void indicatoreConSitoMuto();
     void indicatoreApreComunicazioni();
     void riprova();
 
@@ -863,6 +866,24 @@ void TstMessaggi::senzaSito() {
     QVERIFY(b.a.dialoghi.aperti.isEmpty());
     QCOMPARE(b.impronta(), impronta);
     QCOMPARE(b.visto(), QStringList{u"3"_s});
+}
+
+void TstMessaggi::indicatoreConSitoMuto() {
+    // The site took the connection and went silent: the envelope waits once for the stall, not
+    // once for each of its nine pages.
+    Banco b;
+    b.pubblica();
+    QVERIFY(b.avvia());
+    b.a.stato().rete().setTempi({2000, 300, 5000, 2000});
+    b.server.setRitardo(-1);
+    b.server.svuotaRichieste();
+    b.a.dialoghi.svuota();
+    QElapsedTimer tempo;
+    tempo.start();
+    QTest::mouseClick(b.pannello().imgComm(), Qt::LeftButton);
+    QVERIFY2(tempo.elapsed() < 2000, qPrintable(QString::number(tempo.elapsed())));
+    QCOMPARE(b.server.richieste().size(), 1);
+    QVERIFY(b.a.dialoghi.boxes.isEmpty());
 }
 
 QTEST_MAIN(TstMessaggi)

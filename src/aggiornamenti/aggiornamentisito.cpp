@@ -208,20 +208,36 @@ void AggiornamentiSito::aggiornaSchedineEPicchetti() {
     aggiornaPicchetto();
 }
 
-void AggiornamentiSito::aggiornaConcorsiStranieri() {
-    const auto straniere = Leghe::straniere();
+void AggiornamentiSito::scaricaInFile(const QList<std::pair<QString, QString>> &pagine,
+                                      const QStringList &daEliminare) {
+    // Every page first: a list is replaced only when all the new ones came whole, so a site
+    // that stops half-way leaves the old lists, not a mix or nothing.
+    QStringList testi;
+    for (const auto &[percorso, nome] : pagine)
+        testi.append(scaricaPagina(percorso));
     controllaInterruzione();
-    for (const Leghe::Lega &lega : straniere)
-        FileDati::elimina(m_stato.percorsoFile(testo(lega.fileSquadre)));
-    for (const Leghe::Lega &lega : straniere) {
+    for (const QString &nome : daEliminare)
+        FileDati::elimina(m_stato.percorsoFile(nome));
+    for (qsizetype i = 0; i < pagine.size(); ++i)
+        FileDati::scriviRighe(m_stato.percorsoFile(pagine.at(i).second), righe(testi.at(i)));
+}
+
+void AggiornamentiSito::aggiornaConcorsiStranieri() {
+    QList<std::pair<QString, QString>> pagine;
+    QStringList vecchie;
+    for (const Leghe::Lega &lega : Leghe::straniere()) {
+        vecchie.append(testo(lega.fileSquadre));
         const QString nome = fileSquadreSito(lega.codice);
-        scaricaInFile(u"/vespara/"_s + nome, nome);
+        pagine.append({u"/vespara/"_s + nome, nome});
     }
+    scaricaInFile(pagine, vecchie);
 }
 
 void AggiornamentiSito::aggiornaSquadreItaliane() {
+    QList<std::pair<QString, QString>> pagine;
     for (const Leghe::Lega &lega : Leghe::italiane()) {
         const QString nome = fileSquadreSito(lega.codice);
-        scaricaInFile(u"/vespara/"_s + nome, nome);
+        pagine.append({u"/vespara/"_s + nome, nome});
     }
+    scaricaInFile(pagine);
 }

@@ -62,6 +62,10 @@ public:
     // The page fetched, trimmed of blanks and written to the data file as one print: its lines
     // and a last line end. Returns the trimmed text.
     QString scaricaInFile(const QString &percorso, const QString &nomeFile);
+    // Pages that belong together (the team lists of a season): all fetched before any file is
+    // touched, then `daEliminare` removed and each page written to its file.
+    void scaricaInFile(const QList<std::pair<QString, QString>> &pagine,
+                       const QStringList &daEliminare = {});
     // The page fetched and trimmed, kept in memory only. A page that did not come whole is a
     // fault; a cancelled one an interruption.
     QString scaricaPagina(const QString &percorso);
@@ -108,8 +112,8 @@ public:
     // The partial update of coupons: quotas, the three coupons, the three picchetti.
     void aggiornaSchedineEPicchetti();
 
-    // The foreign team lists: the old files deleted, then each league's list fetched to a file
-    // named as on the site (SerieInghilterra.txt .. SerieArgentinaAp.txt).
+    // The foreign team lists: each league's list fetched, then the old files deleted and the new
+    // ones written, named as on the site (SerieInghilterra.txt .. SerieArgentinaAp.txt).
     void aggiornaConcorsiStranieri();
     // The season the site offers (its page, trimmed).
     QString stagioneSulSito() { return scaricaPagina(QString::fromLatin1(PaginaStagione)); }
