@@ -887,6 +887,7 @@ void TstAggiornamentiSito::interruzione() {
             // The user waits for the box, then presses its button.
             QTimer::singleShot(900, [&] {
                 if (FrmAttendere *box = boxDiAttesa()) {
+                    AmbienteProva::fotografa(box, u"attesa-"_s + schermo);
                     QTest::mouseClick(box->findChild<QPushButton *>(u"cmdAnnulla"_s),
                                       Qt::LeftButton);
                     azionato = true;

@@ -571,6 +571,7 @@ void MdiPannello::closeEvent(QCloseEvent *e) {
     // Every writer persists as it works: closing the frame ends the program at once. An operation
     // still under way (an update waiting for the site) stops where it is and writes nothing more.
     m_stato.rete().chiudi();
+    m_stato.dialoghi().silenzia();
     e->accept();
     emit chiusa();
 }

@@ -26,10 +26,18 @@ public:
     // Opens a file or a URL with the desktop's program for it; false when that failed.
     virtual bool apriConDesktop(const QUrl &indirizzo) = 0;
 
+    // The program is closing: no box is shown any more (a question answers No), so that an
+    // operation stopped by the close doesn't flash its boxes on the way out.
+    void silenzia() { m_silenzio = true; }
+    bool silenziato() const { return m_silenzio; }
+
     // The title of the boxes that name none of their own.
     static QString titoloApplicazione();
     // The title of every box about the network.
     static QString titoloAggiornamenti() {
         return QStringLiteral("Aggiornamenti ") + titoloApplicazione();
     }
+
+private:
+    bool m_silenzio = false;
 };

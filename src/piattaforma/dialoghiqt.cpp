@@ -14,18 +14,26 @@ QWidget *DialoghiQt::genitore() const {
 }
 
 void DialoghiQt::informazione(const QString &titolo, const QString &testo) {
+    if (silenziato())
+        return;
     QMessageBox::information(genitore(), titolo, testo);
 }
 
 void DialoghiQt::avviso(const QString &titolo, const QString &testo) {
+    if (silenziato())
+        return;
     QMessageBox::warning(genitore(), titolo, testo);
 }
 
 void DialoghiQt::critico(const QString &titolo, const QString &testo) {
+    if (silenziato())
+        return;
     QMessageBox::critical(genitore(), titolo, testo);
 }
 
 bool DialoghiQt::domanda(const QString &titolo, const QString &testo) {
+    if (silenziato())
+        return false;
     QMessageBox box(QMessageBox::Question, titolo, testo, QMessageBox::Yes | QMessageBox::No,
                     genitore());
     box.button(QMessageBox::Yes)->setText(QStringLiteral("Sì"));
@@ -34,10 +42,14 @@ bool DialoghiQt::domanda(const QString &titolo, const QString &testo) {
 }
 
 QString DialoghiQt::salvaFile(const QString &titolo, const QString &filtro) {
+    if (silenziato())
+        return {};
     return QFileDialog::getSaveFileName(genitore(), titolo, QString(), filtro);
 }
 
 bool DialoghiQt::dialogoStampa(QPrinter &stampante) {
+    if (silenziato())
+        return false;
     QPrintDialog dialogo(&stampante, genitore());
     return dialogo.exec() == QDialog::Accepted;
 }
