@@ -4,32 +4,32 @@
 #include "supporto/ambienteprova.h"
 
 #include "aggiornamenti/aggiornamentisito.h"
-#include "piattaforma/serverhttp.h"
 #include "core/archivio.h"
 #include "core/archiviocolonne.h"
 #include "core/colonna.h"
+#include "core/frmattendere.h"
 #include "core/mdipannello.h"
 #include "core/scritturearchivio.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
-#include "piattaforma/tabellaarchivio.h"
-#include "core/frmattendere.h"
 #include "piattaforma/rete.h"
+#include "piattaforma/serverhttp.h"
+#include "piattaforma/tabellaarchivio.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMap>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTcpServer>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QElapsedTimer>
-#include <QRegularExpression>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -779,7 +779,6 @@ void TstAggiornamentiSito::concorsiStranieri() {
     QVERIFY(b.aperto(u"frmAggiornaConcorsiStranieri"_s));
 }
 
-
 namespace {
 
 enum class Interruzione { Chiusura, Annulla, Stallo };
@@ -828,23 +827,21 @@ void TstAggiornamentiSito::interruzione_data() {
     QTest::newRow("chiusura sulla classifica C1A")
         << completo << frmInternet << false << c1a << int(Interruzione::Chiusura) << ab;
     QTest::newRow("annulla sulla classifica C1A, archivio ricostruito")
-        << completo << frmInternet << true << c1a << int(Interruzione::Annulla)
-        << archivio + ab;
+        << completo << frmInternet << true << c1a << int(Interruzione::Annulla) << archivio + ab;
     QTest::newRow("classifica C1A interrotta a metà")
         << completo << frmInternet << false << c1a << int(Interruzione::Stallo) << ab;
     QTest::newRow("chiusura sulle quote")
         << completo << frmInternet << true << Quote << int(Interruzione::Chiusura)
-        << archivio + remoti(classifiche()).replaceInStrings(u"/vespara/"_s, QString())
+        << archivio + remoti(classifiche())
+                          .replaceInStrings(u"/vespara/"_s, QString())
                           .replaceInStrings(u".html"_s, u".txt"_s);
-    QTest::newRow("chiusura sull'archivio")
-        << completo << frmInternet << true << PaginaArchivio << int(Interruzione::Chiusura)
-        << QStringList();
-    QTest::newRow("archivio interrotto a metà")
-        << completo << frmInternet << true << PaginaArchivio << int(Interruzione::Stallo)
-        << QStringList();
+    QTest::newRow("chiusura sull'archivio") << completo << frmInternet << true << PaginaArchivio
+                                            << int(Interruzione::Chiusura) << QStringList();
+    QTest::newRow("archivio interrotto a metà") << completo << frmInternet << true << PaginaArchivio
+                                                << int(Interruzione::Stallo) << QStringList();
     QTest::newRow("chiusura durante la riparazione")
-        << riparazione << frmRiparazione << true << PaginaArchivio
-        << int(Interruzione::Chiusura) << QStringList();
+        << riparazione << frmRiparazione << true << PaginaArchivio << int(Interruzione::Chiusura)
+        << QStringList();
     // The foreign lists are replaced only all together.
     QTest::newRow("lista del Belgio interrotta a metà")
         << u"mnuAggiornaCampionatiStranieri"_s << u"frmAggiornaConcorsiStranieri"_s << false
@@ -923,7 +920,7 @@ void TstAggiornamentiSito::interruzione() {
         QCOMPARE(b.a.dialoghi.boxes.size(), 1);
         QCOMPARE(b.a.dialoghi.boxes.first().tipo, Tipo::Critico);
         QVERIFY2(b.a.dialoghi.boxes.first().testo.contains(ferma + u" del sito non è arrivata "
-                                                                  "per intero"_s),
+                                                                   "per intero"_s),
                  qPrintable(b.a.dialoghi.boxes.first().testo));
     } else {
         QCOMPARE(b.boxes(), QStringList());

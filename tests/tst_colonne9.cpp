@@ -815,16 +815,15 @@ void TstColonne9::filtroSullUniverso_data() {
     QTest::newRow("cons 1 0 1") << cs << u"1"_s << u"0"_s << u"1"_s << 0 << nessuna << false;
     // Runs longer than the nine signs, typed in the box: nothing matches, and no pattern of a
     // gigabyte is built to find that out.
-    QTest::newRow("cons 1 10 1") << cs << u"1"_s << u"10"_s << u"1"_s << 0
-                                 << conteggio(u'1', 10, 1) << false;
-    QTest::newRow("cons X 999999999 2") << cs << u"X"_s << u"999999999"_s << u"2"_s << 0
-                                        << conteggio(u'X', 999999999, 2) << false;
-    QTest::newRow("elimina cons 2 999999999")
-        << cs << u"2"_s << u"999999999"_s << u"0"_s << Universo << cancella(u'2', 999999999)
-        << true;
+    QTest::newRow("cons 1 10 1") << cs << u"1"_s << u"10"_s << u"1"_s << 0 << conteggio(u'1', 10, 1)
+                                 << false;
+    QTest::newRow("cons X 999999999 2")
+        << cs << u"X"_s << u"999999999"_s << u"2"_s << 0 << conteggio(u'X', 999999999, 2) << false;
+    QTest::newRow("elimina cons 2 999999999") << cs << u"2"_s << u"999999999"_s << u"0"_s
+                                              << Universo << cancella(u'2', 999999999) << true;
     QTest::newRow("elimina cons 1 99999999999999")
-        << cs << u"1"_s << u"99999999999999"_s << u"0"_s << Universo
-        << cancella(u'1', 1000000000) << true;
+        << cs << u"1"_s << u"99999999999999"_s << u"0"_s << Universo << cancella(u'1', 1000000000)
+        << true;
     QTest::newRow("elimina cons 1 9")
         << cs << u"1"_s << u"9"_s << u"0"_s << Universo - 1 << cancella(u'1', 9) << true;
     // Runs of eight or nine ones: 1..8, 2..9 (two signs each for the other place) and all nine.

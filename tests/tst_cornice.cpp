@@ -2,17 +2,17 @@
 // screen, the season reminder, the menu and the registry of screens.
 #include "supporto/ambienteprova.h"
 
+#include "core/archiviocolonne.h"
 #include "core/colonna.h"
 #include "core/frmattendere.h"
 #include "core/mdiavvio.h"
 #include "core/mdipannello.h"
+#include "core/mdiprogramma.h"
+#include "core/scritturearchivio.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/serverhttp.h"
-#include "core/archiviocolonne.h"
-#include "core/scritturearchivio.h"
-#include "core/mdiprogramma.h"
 #include "piattaforma/tabellaarchivio.h"
 #include "supporto/archiviosintetico.h"
 #include "supporto/strumentiprova.h"
@@ -21,7 +21,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QTemporaryDir>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -29,6 +28,7 @@
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -475,8 +475,8 @@ void TstCornice::archivioIlleggibileAllAvvio() {
 
     // The repair from the site brings the archive back.
     QTemporaryDir sito;
-    ScrittureArchivio::scriviPaginaArchivio(
-        sito.filePath(u"ColonneTotocalcio.htm"_s), ArchivioColonne::daRighe(buono));
+    ScrittureArchivio::scriviPaginaArchivio(sito.filePath(u"ColonneTotocalcio.htm"_s),
+                                            ArchivioColonne::daRighe(buono));
     QDir(sito.path()).mkdir(u"AggiornamentiVp"_s);
     QFile::rename(sito.filePath(u"ColonneTotocalcio.htm"_s),
                   sito.filePath(u"AggiornamentiVp/ColonneTotocalcio.htm"_s));
@@ -538,8 +538,7 @@ void TstCornice::cartellaNuovaOgniVoceSiApre() {
     QTest::mouseClick(a.pannello().imgComm(), Qt::LeftButton);
     QTest::qWait(20);
     for (const DialoghiProva::Box &box : std::as_const(a.dialoghi.boxes))
-        QVERIFY2(!box.testo.contains(u"file"_s, Qt::CaseInsensitive),
-                 qPrintable(box.testo));
+        QVERIFY2(!box.testo.contains(u"file"_s, Qt::CaseInsensitive), qPrintable(box.testo));
     QVERIFY(a.pannello().trovaSchermo(u"frmComm"_s));
 }
 

@@ -8,19 +8,20 @@
 #include "aggiornamenti/frminviamessaggio.h"
 #include "aggiornamenti/mdiaggiornamenti.h"
 #include "aggiornamenti/messaggi.h"
-#include "piattaforma/serverhttp.h"
 #include "aggiornamenti/versione.h"
 #include "core/mdipannello.h"
-#include "piattaforma/rete.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/impostazioni.h"
+#include "piattaforma/rete.h"
+#include "piattaforma/serverhttp.h"
 
 #include <QAction>
 #include <QCheckBox>
 #include <QDialog>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFrame>
 #include <QGuiApplication>
@@ -28,7 +29,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTemporaryDir>
-#include <QElapsedTimer>
 #include <QTest>
 #include <QTextBrowser>
 #include <QTimer>

@@ -1,15 +1,15 @@
 // The download and the probe against a real HTTP server on loopback.
+#include "piattaforma/impostazioni.h"
 #include "piattaforma/rete.h"
 #include "piattaforma/serverhttp.h"
-#include "piattaforma/impostazioni.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QTcpServer>
 #include <QTemporaryDir>
-#include <QRegularExpression>
 #include <QTest>
 #include <QTimer>
 
@@ -179,8 +179,7 @@ void TstRete::esitoDellaPagina_data() {
     QTest::addColumn<QString>("inizio"); // what the padded text starts with
     QTest::newRow("pagina") << u"/vespara/Corta.html"_s << int(Rete::Esito::Completa) << u"abc"_s;
     // An error page is a page that came whole: the updates store it, as they always have.
-    QTest::newRow("404") << u"/vespara/NonCe.html"_s << int(Rete::Esito::Completa)
-                         << u"<html>"_s;
+    QTest::newRow("404") << u"/vespara/NonCe.html"_s << int(Rete::Esito::Completa) << u"<html>"_s;
     QTest::newRow("sito muto") << u"/muto.html"_s << int(Rete::Esito::Fallita) << QString();
     QTest::newRow("interrotta a metà")
         << u"/meta.html"_s << int(Rete::Esito::Fallita) << u"prima metà"_s;

@@ -3,6 +3,7 @@
 #include "supporto/ambienteprova.h"
 
 #include "core/archivio.h"
+#include "core/colonna.h"
 #include "core/frmarchivio.h"
 #include "core/frmgestione.h"
 #include "core/frminserisci.h"
@@ -16,7 +17,6 @@
 #include "piattaforma/vistagriglia.h"
 #include "supporto/archiviosintetico.h"
 #include "supporto/strumentiprova.h"
-#include "core/colonna.h"
 
 #include <QAction>
 #include <QDate>
@@ -293,8 +293,8 @@ void TstSchermiArchivio::inserimentoValidazione_data() {
     QTest::newRow("quattordici blank") << u"              "_s << QString() << QString();
     QTest::newRow("tredici segni e un blank")
         << u"1X21X22122112 "_s << u"1X21X22122112"_s << QString();
-    QTest::newRow("blank intorno") << u"  1121x22122112X "_s << u"1121X22122112X"_s
-                                   << u"1121X22122112X 6 2 6 9 2 4"_s;
+    QTest::newRow("blank intorno")
+        << u"  1121x22122112X "_s << u"1121X22122112X"_s << u"1121X22122112X 6 2 6 9 2 4"_s;
     QTest::newRow("tredici segni") << u"1X21X21X21X21"_s << u"1X21X21X21X21"_s << QString();
     QTest::newRow("quindici segni") << u"1X21X21X21X21X2"_s << u"1X21X21X21X21X2"_s << QString();
     QTest::newRow("lettere senza segni") << u"abcdefghijklmn"_s << u"ABCDEFGHIJKLMN"_s << QString();

@@ -1,6 +1,5 @@
 #include "aggiornamenti/aggiornamentisito.h"
 
-#include "piattaforma/rete.h"
 #include "campionati/leghe.h"
 #include "core/archivio.h"
 #include "core/archiviocolonne.h"

@@ -1,12 +1,12 @@
 #include "aggiornamenti/frmaggiornamenti.h"
 
-#include "piattaforma/rete.h"
 #include "aggiornamenti/versione.h"
 #include "core/mdistile.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
 #include "piattaforma/impostazioni.h"
+#include "piattaforma/rete.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>

@@ -1,10 +1,10 @@
 #include "aggiornamenti/frmaltrigiochi.h"
 
-#include "piattaforma/rete.h"
 #include "core/mdistile.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
+#include "piattaforma/rete.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

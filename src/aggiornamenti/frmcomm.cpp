@@ -1,12 +1,12 @@
 #include "aggiornamenti/frmcomm.h"
 
-#include "piattaforma/rete.h"
 #include "core/mdipannello.h"
 #include "core/mdistile.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/guardia.h"
+#include "piattaforma/rete.h"
 
 #include <QEvent>
 #include <QFrame>

@@ -1,9 +1,9 @@
 #include "aggiornamenti/frmrelease.h"
 
-#include "piattaforma/rete.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
+#include "piattaforma/rete.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -42,7 +42,8 @@ FrmRelease::FrmRelease(StatoProgramma &stato, QWidget *genitore)
     resize(640, 460);
 
     m_browser->setPlainText(QString::fromUtf16(InCaricamento));
-    QTimer::singleShot(0, this, [this] { eseguiProtetto(m_stato.dialoghi(), [this] { carica(); }); });
+    QTimer::singleShot(0, this,
+                       [this] { eseguiProtetto(m_stato.dialoghi(), [this] { carica(); }); });
 }
 
 void FrmRelease::carica() {

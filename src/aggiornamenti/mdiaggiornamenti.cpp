@@ -6,12 +6,12 @@
 #include "aggiornamenti/frminviamessaggio.h"
 #include "aggiornamenti/frmrelease.h"
 #include "aggiornamenti/messaggi.h"
-#include "piattaforma/rete.h"
 #include "aggiornamenti/versione.h"
 #include "core/mdipannello.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
+#include "piattaforma/rete.h"
 
 #include <QApplication>
 #include <QPushButton>

@@ -1,9 +1,9 @@
 #include "aggiornamenti/messaggi.h"
 
-#include "piattaforma/rete.h"
 #include "core/numeritesto.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
+#include "piattaforma/rete.h"
 
 using namespace Qt::StringLiterals;
 

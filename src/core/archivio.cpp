@@ -35,15 +35,15 @@ void copia(const QString &da, const QString &a) {
             QDir::toNativeSeparators(a), destinazione.errorString()));
 }
 
-ArchivioColonne leggiArchivio(const QString &percorsoFile) {
+} // namespace
+
+ArchivioColonne Archivio::leggi(const QString &percorsoFile) {
     ArchivioColonne archivio = ArchivioColonne::daRighe(FileDati::leggiRighe(percorsoFile));
     if (archivio.vuoto())
-        throw ErroreEsecuzione(u"%1 non contiene alcun concorso."_s.arg(
-            QDir::toNativeSeparators(percorsoFile)));
+        throw ErroreEsecuzione(
+            u"%1 non contiene alcun concorso."_s.arg(QDir::toNativeSeparators(percorsoFile)));
     return archivio;
 }
-
-} // namespace
 
 QStringList Archivio::leggiFile(const StatoProgramma &stato) {
     return FileDati::leggiRighe(percorsoArchivio(stato));
@@ -61,7 +61,7 @@ void Archivio::ricostruisci(StatoProgramma &stato) {
 
 QString Archivio::guasto(const QString &percorsoFile) {
     try {
-        leggiArchivio(percorsoFile);
+        leggi(percorsoFile);
         return {};
     } catch (const ErroreEsecuzione &e) {
         return e.testo();
@@ -71,8 +71,8 @@ QString Archivio::guasto(const QString &percorsoFile) {
 void Archivio::scriviFile(const StatoProgramma &stato, const QStringList &righe) {
     const QString attuale = percorsoArchivio(stato);
     if (QFile::exists(attuale))
-        copia(attuale, percorso(stato, guasto(attuale).isEmpty() ? NomeCopiaPrecedente
-                                                                 : NomeDanneggiato));
+        copia(attuale,
+              percorso(stato, guasto(attuale).isEmpty() ? NomeCopiaPrecedente : NomeDanneggiato));
     FileDati::scriviRighe(attuale, righe);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/archiviocolonne.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -27,6 +29,8 @@ public:
     // The lines of Archivio.txt.
     static QStringList leggiFile(const StatoProgramma &stato);
 
+    // A file of the archive read whole; a bad line, or no contest at all, is a fault.
+    static ArchivioColonne leggi(const QString &percorsoFile);
     // The fault that keeps this file of the archive from loading (its line and why), or an empty
     // text when it loads with at least one contest.
     static QString guasto(const QString &percorsoFile);

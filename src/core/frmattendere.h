@@ -22,7 +22,6 @@ public:
     // Shows "Annulla" with this action; an empty one hides it.
     void setAnnullamento(std::function<void()> annulla);
 
-
 protected:
     // Esc, and a close asked by the window system, cancel the operation instead of closing the
     // box: the box goes when its owner is done.

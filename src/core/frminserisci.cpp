@@ -1,6 +1,5 @@
 #include "core/frminserisci.h"
 
-#include "piattaforma/rete.h"
 #include "core/colonna.h"
 #include "core/mdistile.h"
 #include "core/registroschermi.h"
@@ -8,6 +7,7 @@
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
+#include "piattaforma/rete.h"
 
 #include <QDate>
 #include <QGridLayout>

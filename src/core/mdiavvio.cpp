@@ -98,17 +98,20 @@ bool noteDiRilascio(StatoProgramma &stato) {
 // program starts with no archive, and the repair or the full update rebuild one. True when the
 // archive is in memory.
 bool caricaArchivio(StatoProgramma &stato) {
-    const QString guasto =
-        Archivio::guasto(stato.percorsoFile(QString::fromLatin1(Archivio::NomeFile)));
-    if (guasto.isEmpty()) {
-        Archivio::caricaMemoria(stato);
+    QString guasto;
+    try {
+        stato.ColonneArchivio =
+            Archivio::leggi(stato.percorsoFile(QString::fromLatin1(Archivio::NomeFile)));
         return true;
+    } catch (const ErroreEsecuzione &e) {
+        guasto = e.testo();
     }
     Dialoghi &dialoghi = stato.dialoghi();
     const QString titolo = Dialoghi::titoloApplicazione();
     const QString testo = QString::fromUtf8(MdiAvvio::ArchivioIlleggibile) + u"\n\n"_s + guasto;
     if (Archivio::copiaPrecedenteValida(stato) &&
-        dialoghi.domanda(titolo, testo + u"\n\n"_s + QString::fromUtf8(MdiAvvio::DomandaRipristino))) {
+        dialoghi.domanda(titolo,
+                         testo + u"\n\n"_s + QString::fromUtf8(MdiAvvio::DomandaRipristino))) {
         Archivio::ripristinaCopiaPrecedente(stato);
         Archivio::caricaMemoria(stato);
         return true;

@@ -1,9 +1,9 @@
 #include "core/statoprogramma.h"
 
-#include "piattaforma/rete.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/griglia.h"
+#include "piattaforma/rete.h"
 #include "piattaforma/tabellaarchivio.h"
 
 StatoProgramma::StatoProgramma(Dialoghi &dialoghi, Impostazioni &impostazioni, Schermo &schermo)

@@ -25,7 +25,7 @@ public:
         int connessione = 5000; // until the request is on its way
         int stallo = 10000;     // without a byte moving
         int pagina = 60000;     // a whole page, however slowly it comes
-        int sonda = 5000;       // the probe runs at every activation of the frame: it gives up sooner
+        int sonda = 5000; // the probe runs at every activation of the frame: it gives up sooner
     };
 
     enum class Esito {

@@ -124,10 +124,11 @@ void ServerHttp::rispondi(QTcpSocket *socket, const Richiesta &richiesta) {
         testa += "Connection: close\r\n\r\n";
         socket->write(testa + lenta->corpo.left(lenta->subito));
         if (lenta->ritardo >= 0)
-            QTimer::singleShot(lenta->ritardo, socket, [socket, resto = lenta->corpo.mid(lenta->subito)] {
-                socket->write(resto);
-                socket->disconnectFromHost();
-            });
+            QTimer::singleShot(lenta->ritardo, socket,
+                               [socket, resto = lenta->corpo.mid(lenta->subito)] {
+                                   socket->write(resto);
+                                   socket->disconnectFromHost();
+                               });
         return;
     }
     int stato = 200;

@@ -1,9 +1,9 @@
 #include "supporto/ambienteprova.h"
 
-#include "piattaforma/rete.h"
 #include "core/mdipannello.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/filedati.h"
+#include "piattaforma/rete.h"
 
 #include <QCoreApplication>
 #include <QDir>
