@@ -37,7 +37,7 @@ if [ -d /dev/shm ] && [ -w /dev/shm ]; then
 fi
 lavoro="$(mktemp -d "$base/vespara-fuzz.XXXXXX")"
 for eseguibile in "$build"/tests/fuzz/fuzz_*; do
-    [ -x "$eseguibile" ] || continue
+    [ -f "$eseguibile" ] && [ -x "$eseguibile" ] || continue
     nome="$(basename "$eseguibile")"
     nome="${nome#fuzz_}"
     cartella="$lavoro/$nome"
