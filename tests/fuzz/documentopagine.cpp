@@ -7,6 +7,9 @@
 #include "piattaforma/erroreesecuzione.h"
 #include "stampa/documentopagine.h"
 
+#include <QtEndian>
+
+#include <bit>
 #include <cmath>
 #include <cstring>
 
@@ -20,21 +23,22 @@ constexpr int L = DocumentoPagine::LunghezzaRecord;
 constexpr int InizioFloat = 26;
 constexpr int FineFloat = 42;
 
-bool stessoFloat(float a, float b) {
-    return (std::isnan(a) && std::isnan(b)) || std::memcmp(&a, &b, sizeof a) == 0;
+float floatA(const char *byte) {
+    return std::bit_cast<float>(qFromLittleEndian<quint32>(byte));
 }
 
 void decodificaRecord(QByteArrayView byte) {
-    const RecordPagina r = DocumentoPagine::decodifica(byte);
     // The codec is its own inverse on every record of the right length.
-    const QByteArray ancora = DocumentoPagine::codifica(r);
+    const QByteArray ancora = DocumentoPagine::codifica(DocumentoPagine::decodifica(byte));
     if (ancora.size() != L || std::memcmp(ancora.data(), byte.data(), InizioFloat) != 0 ||
         std::memcmp(ancora.data() + FineFloat, byte.data() + FineFloat, L - FineFloat) != 0)
         difetto("codifica(decodifica(record)) diversa dal record");
-    const RecordPagina due = DocumentoPagine::decodifica(ancora);
-    if (!stessoFloat(r.x1, due.x1) || !stessoFloat(r.y1, due.y1) || !stessoFloat(r.x2, due.x2) ||
-        !stessoFloat(r.y2, due.y2))
-        difetto("le coordinate non tornano uguali");
+    for (int pos = InizioFloat; pos < FineFloat; pos += 4) {
+        const bool nan = std::isnan(floatA(byte.data() + pos));
+        if (nan ? !std::isnan(floatA(ancora.data() + pos))
+                : std::memcmp(ancora.data() + pos, byte.data() + pos, 4) != 0)
+            difetto("le coordinate non tornano uguali");
+    }
 }
 
 void disegna(DispositivoRegistratore &d, const std::function<void()> &disegno) {
