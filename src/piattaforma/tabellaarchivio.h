@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QString>
+#include <QVariant>
 
 // The table Archivio of archivio.db (SQLite): nine text fields in record order, rows kept in the
 // order they were added. It is read by record navigation like a recordset: a current row that
