@@ -213,7 +213,7 @@ void TstRete::rispostaTardivaDopoIlRitorno() {
     // in the outer loop), and lands where the first call's frame was.
     QTest::failOnWarning(QRegularExpression(u"QIODevice"_s));
     m_server->impostaADueTempi(u"/tardiva.html"_s, QByteArray(Rete::LunghezzaPagina + 300000, 'z'),
-                               Rete::LunghezzaPagina + 1000, 100);
+                               Rete::LunghezzaPagina, 100);
     m_server->setRitardo(u"/muto.html"_s, -1);
     Rete rete(m_server->radice());
     rete.setTempi(TempiBrevi);
