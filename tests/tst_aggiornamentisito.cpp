@@ -882,14 +882,19 @@ void TstAggiornamentiSito::interruzione() {
             azionato = true;
         } else if (modo == Interruzione::Annulla) {
             // The user waits for the box, then presses its button.
-            QTimer::singleShot(900, [&] {
+            auto *attesa = new QTimer;
+            attesa->setInterval(30);
+            QObject::connect(attesa, &QTimer::timeout, [&, attesa] {
                 if (FrmAttendere *box = boxDiAttesa()) {
+                    attesa->stop();
+                    attesa->deleteLater();
                     AmbienteProva::fotografa(box, u"attesa-"_s + schermo);
                     QTest::mouseClick(box->findChild<QPushButton *>(u"cmdAnnulla"_s),
                                       Qt::LeftButton);
                     azionato = true;
                 }
             });
+            attesa->start();
         }
     });
     QElapsedTimer tempo;

@@ -54,7 +54,8 @@ bool AmbienteProva::avvia() {
             return false;
         // What the start leaves to the event loop (the messages, the release notes, the check of
         // the version on activation) is done before the test goes on.
-        QTest::qWait(20);
+        for (int i = 0; i < 3; ++i)
+            QCoreApplication::processEvents();
     }
     return riuscito;
 }
