@@ -28,6 +28,7 @@
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -81,6 +82,9 @@ private slots:
     void archivioIlleggibileAllAvvio();
     void cartellaNuovaOgniVoceSiApre();
     void laCorniceNonAspettaIlSito();
+    void tastiDellaGuidaEDellUscita();
+    void chiusoDalSuoPulsanteSenzaCornice_data();
+    void chiusoDalSuoPulsanteSenzaCornice();
     void didascalieDelMenu_data();
     void didascalieDelMenu();
     void vociAbilitate_data();
@@ -571,6 +575,48 @@ void TstCornice::laCorniceNonAspettaIlSito() {
     QVERIFY2(tempo.elapsed() < 2000, qPrintable(QString::number(tempo.elapsed())));
     QCOMPARE(programma.pannello().imgComm()->toolTip(), u"Connessione non attiva."_s);
     QVERIFY(!programma.pannello().trovaSchermo(u"frmRelease"_s));
+}
+
+void TstCornice::chiusoDalSuoPulsanteSenzaCornice_data() {
+    QTest::addColumn<QString>("voce");
+    QTest::addColumn<QString>("schermo");
+    QTest::addColumn<QString>("pulsante");
+    QTest::newRow("inserimento, ANNULLA")
+        << u"mnuInserisci"_s << u"frmInserisci"_s << u"Command1"_s;
+    QTest::newRow("gestione, X") << u"mnuModifica"_s << u"frmGestione"_s << u"lblEsci"_s;
+    QTest::newRow("novità, Chiudi") << u"mnuNovita"_s << u"frmRelease"_s << u"cmdChiudi"_s;
+    QTest::newRow("aggiornamento, Chiudi")
+        << u"mnuCampionatoItaliano"_s << u"frmInternet"_s << u"cmdChiudi"_s;
+}
+
+void TstCornice::chiusoDalSuoPulsanteSenzaCornice() {
+    // A screen closed by its own button takes its sub-window along: no empty frame is left.
+    QFETCH(QString, voce);
+    QFETCH(QString, schermo);
+    QFETCH(QString, pulsante);
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    const qsizetype prima = a.pannello().area()->subWindowList().size();
+    a.pannello().findChild<QAction *>(voce)->trigger();
+    QWidget *frm = a.pannello().trovaSchermo(schermo);
+    QVERIFY(frm);
+    QCOMPARE(a.pannello().area()->subWindowList().size(), prima + 1);
+    QTest::mouseClick(frm->findChild<QPushButton *>(pulsante), Qt::LeftButton);
+    QTRY_COMPARE(a.pannello().area()->subWindowList().size(), prima);
+    QVERIFY(!a.pannello().trovaSchermo(schermo));
+}
+
+void TstCornice::tastiDellaGuidaEDellUscita() {
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    QSignalSpy chiusa(&a.pannello(), &MdiPannello::chiusa);
+    QTest::keyClick(&a.pannello(), Qt::Key_F1);
+    QCOMPARE(a.dialoghi.aperti.size(), 1);
+    QVERIFY(a.dialoghi.aperti.first().toLocalFile().endsWith(u"Vespara.html"_s));
+    QCOMPARE(chiusa.size(), 0);
+    QTest::keyClick(&a.pannello(), Qt::Key_Q, Qt::ControlModifier);
+    QCOMPARE(chiusa.size(), 1);
+    QVERIFY(!a.pannello().isVisible());
 }
 
 #include "tst_cornice.moc"

@@ -6,6 +6,7 @@
 #include "piattaforma/rete.h"
 
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QPushButton>
 #include <QTextBrowser>
 #include <QTimer>
@@ -50,7 +51,11 @@ void FrmRelease::carica() {
     if (m_caricata)
         return;
     m_caricata = true;
+    // The screen may be closed, and deleted, while the page comes.
+    const QPointer<FrmRelease> vivo(this);
     const QString testo = m_stato.rete().scaricaTesto(QString::fromUtf16(Pagina));
+    if (!vivo)
+        return;
     if (testo.trimmed().isEmpty())
         m_browser->setPlainText(QString::fromUtf16(Assente));
     else

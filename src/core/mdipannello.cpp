@@ -342,6 +342,10 @@ void MdiPannello::creaMenu() {
 
     registraAzione(u"mnuEsci"_s, [this] { close(); });
     registraAzione(u"mnuGuida"_s, [this] { apriGuida(); });
+    // The keys every desktop program has: F1 for the guide, Ctrl+Q to end.
+    m_voci.value(u"mnuGuida"_s)->setShortcut(QKeySequence::HelpContents);
+    m_voci.value(u"mnuEsci"_s)->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    m_voci.value(u"mnuEsci"_s)->setShortcutContext(Qt::ApplicationShortcut);
     registraAzione(u"mnuCredits"_s, [this] {
         m_stato.dialoghi().informazione(
             u"Credits"_s, u"Vespara! ® Versione %1 - Tutti i diritti riservati."_s.arg(
@@ -449,6 +453,9 @@ QWidget *MdiPannello::apriSchermo(const QString &nome) {
     schermo->setAttribute(Qt::WA_DeleteOnClose);
     QMdiSubWindow *s = m_area->addSubWindow(schermo, schermo->windowFlags() & ~Qt::Window);
     s->setAttribute(Qt::WA_DeleteOnClose);
+    // A screen closed by its own button takes its sub-window along. Queued: the sub-window may be
+    // the one being destroyed, and a queued call to a deleted object is dropped.
+    connect(schermo, &QObject::destroyed, s, &QMdiSubWindow::close, Qt::QueuedConnection);
     s->setWindowIcon(windowIcon());
     s->adjustSize();
     // Never larger than the area, and in its middle unless the screen keeps its own place.
