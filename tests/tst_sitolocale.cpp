@@ -24,8 +24,8 @@ const auto Versione = u"%1.%2.%3"_s.arg(VESPARA_VERSIONE_MAGGIORE)
                           .arg(VESPARA_VERSIONE_MINORE)
                           .arg(VESPARA_REVISIONE);
 
-QString strumento() {
-    return QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../tools/creasitolocale"_s);
+QString strumento(const QString &nome = u"creasitolocale"_s) {
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() + u"/../tools/"_s + nome);
 }
 
 struct Esito {
@@ -34,9 +34,9 @@ struct Esito {
     QString errori;
 };
 
-Esito esegui(const QStringList &argomenti) {
+Esito esegui(const QStringList &argomenti, const QString &nome = u"creasitolocale"_s) {
     QProcess processo;
-    processo.start(strumento(), argomenti);
+    processo.start(strumento(nome), argomenti);
     Esito esito;
     if (!processo.waitForFinished(120000) || processo.exitStatus() != QProcess::NormalExit)
         return esito;
@@ -75,6 +75,8 @@ private slots:
     void classificheDaRisultati();
     void ingressoSbagliato_data();
     void ingressoSbagliato();
+    void usoDelServer_data();
+    void usoDelServer();
 
 private:
     QString pagina(const QString &nome) const { return m_sito.filePath(nome); }
@@ -479,4 +481,24 @@ void TstSitoLocale::ingressoSbagliato() {
 }
 
 QTEST_GUILESS_MAIN(TstSitoLocale)
+void TstSitoLocale::usoDelServer_data() {
+    QTest::addColumn<QStringList>("argomenti");
+    QTest::addColumn<int>("codice");
+    // "--help" is no folder to serve: the usage, on the standard output.
+    QTest::newRow("--help") << QStringList{u"--help"_s} << 0;
+    QTest::newRow("-h") << QStringList{u"-h"_s} << 0;
+    QTest::newRow("nessun argomento") << QStringList() << 2;
+    QTest::newRow("troppi argomenti") << QStringList{u"a"_s, u"1"_s, u"2"_s} << 2;
+}
+
+void TstSitoLocale::usoDelServer() {
+    QFETCH(QStringList, argomenti);
+    QFETCH(int, codice);
+    const Esito e = esegui(argomenti, u"sitolocale"_s);
+    QCOMPARE(e.codice, codice);
+    const QString testo = codice == 0 ? e.uscita : e.errori;
+    QVERIFY2(testo.startsWith(u"Uso: sitolocale <cartella del sito> [porta]"_s), qPrintable(testo));
+    QVERIFY(testo.contains(u"8641"_s));
+}
+
 #include "tst_sitolocale.moc"

@@ -15,8 +15,17 @@ int main(int argc, char *argv[]) {
     QTextStream err(stderr);
     QTextStream out(stdout);
     const QStringList argomenti = app.arguments();
+    const QString uso = QStringLiteral(
+        "Uso: sitolocale <cartella del sito> [porta]\n"
+        "Serve la cartella (costruita da creasitolocale) su http://127.0.0.1:<porta>, 8641 se non "
+        "è data.\nAvviare poi Vespara con VESPARA_SITO=http://127.0.0.1:<porta>.\n");
+    if (argomenti.size() == 2 &&
+        (argomenti.at(1) == u"--help" || argomenti.at(1) == u"-h")) {
+        out << uso;
+        return 0;
+    }
     if (argomenti.size() < 2 || argomenti.size() > 3) {
-        err << "Uso: sitolocale <cartella del sito> [porta]\n";
+        err << uso;
         return 2;
     }
     const QString cartella = argomenti.at(1);
