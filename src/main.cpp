@@ -27,6 +27,6 @@ int main(int argc, char *argv[]) {
                      Qt::QueuedConnection);
     if (!programma.avvia())
         return 1;
-    programma.pannello().showMaximized();
+    programma.pannello().mostra();
     return app.exec();
 }

@@ -83,6 +83,7 @@ private slots:
     void cartellaNuovaOgniVoceSiApre();
     void laCorniceNonAspettaIlSito();
     void tastiDellaGuidaEDellUscita();
+    void geometriaRicordata();
     void chiusoDalSuoPulsanteSenzaCornice_data();
     void chiusoDalSuoPulsanteSenzaCornice();
     void didascalieDelMenu_data();
@@ -617,6 +618,27 @@ void TstCornice::tastiDellaGuidaEDellUscita() {
     QTest::keyClick(&a.pannello(), Qt::Key_Q, Qt::ControlModifier);
     QCOMPARE(chiusa.size(), 1);
     QVERIFY(!a.pannello().isVisible());
+}
+
+void TstCornice::geometriaRicordata() {
+    AmbienteProva a;
+    {
+        MdiProgramma primo(a.cartella(), a.dialoghi, a.impostazioni(), a.schermo);
+        QVERIFY(primo.avvia());
+        primo.pannello().mostra();
+        // The first time the frame opens maximised.
+        QVERIFY(primo.pannello().isMaximized());
+        primo.pannello().showNormal();
+        primo.pannello().setGeometry(60, 50, 1200, 760);
+        QTRY_COMPARE(primo.pannello().size(), QSize(1200, 760));
+        primo.pannello().close();
+    }
+    MdiProgramma secondo(a.cartella(), a.dialoghi, a.impostazioni(), a.schermo);
+    QVERIFY(secondo.avvia());
+    secondo.pannello().mostra();
+    QVERIFY(!secondo.pannello().isMaximized());
+    QTRY_COMPARE(secondo.pannello().size(), QSize(1200, 760));
+    secondo.pannello().close();
 }
 
 #include "tst_cornice.moc"

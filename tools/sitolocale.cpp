@@ -19,8 +19,7 @@ int main(int argc, char *argv[]) {
         "Uso: sitolocale <cartella del sito> [porta]\n"
         "Serve la cartella (costruita da creasitolocale) su http://127.0.0.1:<porta>, 8641 se non "
         "è data.\nAvviare poi Vespara con VESPARA_SITO=http://127.0.0.1:<porta>.\n");
-    if (argomenti.size() == 2 &&
-        (argomenti.at(1) == u"--help" || argomenti.at(1) == u"-h")) {
+    if (argomenti.size() == 2 && (argomenti.at(1) == u"--help" || argomenti.at(1) == u"-h")) {
         out << uso;
         return 0;
     }

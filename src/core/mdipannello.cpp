@@ -6,6 +6,7 @@
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
+#include "piattaforma/impostazioni.h"
 #include "piattaforma/rete.h"
 #include "stampa/frmmenugriglie.h"
 
@@ -574,7 +575,17 @@ void MdiPannello::changeEvent(QEvent *e) {
         emit attivata();
 }
 
+void MdiPannello::mostra() {
+    const QByteArray geometria =
+        m_stato.impostazioni().valore(Impostazioni::GeometriaCornice).toByteArray();
+    if (geometria.isEmpty() || !restoreGeometry(geometria))
+        showMaximized();
+    else
+        show();
+}
+
 void MdiPannello::closeEvent(QCloseEvent *e) {
+    m_stato.impostazioni().imposta(Impostazioni::GeometriaCornice, saveGeometry());
     // Every writer persists as it works: closing the frame ends the program at once. An operation
     // still under way (an update waiting for the site) stops where it is and writes nothing more.
     m_stato.rete().chiudi();

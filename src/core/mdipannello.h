@@ -69,6 +69,9 @@ public:
     // Opens the guide with the desktop's program.
     void apriGuida();
 
+    // Shows the frame as the user left it at the last close; the first time, maximised.
+    void mostra();
+
     // What the frame does while the program waits for the network.
     MdiAttesa *attesa() const { return m_attesa; }
 

@@ -6,6 +6,7 @@ const Impostazioni::Chiave Impostazioni::MostraAggiornamenti{"Options",
                                                              "Mostra sempre aggiornamenti", true};
 const Impostazioni::Chiave Impostazioni::UltimaStampante{"Stampante", "UltimaStampante", QString()};
 const Impostazioni::Chiave Impostazioni::RadiceSito{"Sito", "Radice", QString()};
+const Impostazioni::Chiave Impostazioni::GeometriaCornice{"Finestra", "Geometria", QByteArray()};
 
 Impostazioni::Impostazioni()
     : m_settings(

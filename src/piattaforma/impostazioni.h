@@ -23,6 +23,8 @@ public:
     static const Chiave UltimaStampante;
     // The root of the update site, when neither the environment nor the caller set one.
     static const Chiave RadiceSito;
+    // Size, place and state of the main window at its last close.
+    static const Chiave GeometriaCornice;
 
     // The user's store of the platform (QSettings of organisation and application "Vespara").
     Impostazioni();
