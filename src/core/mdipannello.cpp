@@ -207,6 +207,12 @@ MdiPannello::MdiPannello(StatoProgramma &stato)
     creaBarra();
     aggiornaAbilitazioni();
     m_attesa = new MdiAttesa(m_stato.rete(), this);
+    m_geometria = new QTimer(this);
+    m_geometria->setSingleShot(true);
+    m_geometria->setInterval(400);
+    connect(m_geometria, &QTimer::timeout, this, [this] {
+        m_stato.impostazioni().imposta(Impostazioni::GeometriaCornice, saveGeometry());
+    });
     m_stato.setRegistro(this);
 }
 
@@ -571,6 +577,8 @@ void MdiPannello::apriGuida() {
 
 void MdiPannello::changeEvent(QEvent *e) {
     QMainWindow::changeEvent(e);
+    if (e->type() == QEvent::WindowStateChange)
+        ricordaGeometria();
     if (e->type() == QEvent::ActivationChange && isActiveWindow())
         emit attivata();
 }
@@ -584,8 +592,23 @@ void MdiPannello::mostra() {
         show();
 }
 
+void MdiPannello::ricordaGeometria() {
+    // Kept as the user changes it, so that closing the frame saves nothing.
+    if (isVisible())
+        m_geometria->start();
+}
+
+void MdiPannello::resizeEvent(QResizeEvent *e) {
+    QMainWindow::resizeEvent(e);
+    ricordaGeometria();
+}
+
+void MdiPannello::moveEvent(QMoveEvent *e) {
+    QMainWindow::moveEvent(e);
+    ricordaGeometria();
+}
+
 void MdiPannello::closeEvent(QCloseEvent *e) {
-    m_stato.impostazioni().imposta(Impostazioni::GeometriaCornice, saveGeometry());
     // Every writer persists as it works: closing the frame ends the program at once. An operation
     // still under way (an update waiting for the site) stops where it is and writes nothing more.
     m_stato.rete().chiudi();

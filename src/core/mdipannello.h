@@ -85,6 +85,8 @@ signals:
 protected:
     void changeEvent(QEvent *e) override;
     void closeEvent(QCloseEvent *e) override;
+    void resizeEvent(QResizeEvent *e) override;
+    void moveEvent(QMoveEvent *e) override;
 
 private:
     void creaCruscotto();
@@ -93,11 +95,13 @@ private:
     void eseguiAzione(const QString &nome);
     void aggiornaAbilitazioni();
     void passoIndicatore();
+    void ricordaGeometria();
     QMdiSubWindow *sottofinestra(const QString &nome) const;
 
     StatoProgramma &m_stato;
     FrmMenuGriglie *m_menuGriglie = nullptr;
     MdiAttesa *m_attesa = nullptr;
+    QTimer *m_geometria = nullptr;
     QMdiArea *m_area = nullptr;
     QLabel *m_lblColonna = nullptr;
     QLabel *m_lblData = nullptr;
