@@ -294,10 +294,26 @@ void TstCornice::didascalieDelMenu() {
 void TstCornice::vociAbilitate_data() {
     QTest::addColumn<QString>("nome");
     QTest::addColumn<bool>("abilitata");
-    for (const char *nome : {"mnuPannelloSegni", "mnuAnalisi9", "mnuInserisci", "mnuModifica",
-                             "mnuArchivio", "mnuCredits", "mnuGuida", "mnuEsci", "mnuComunicazioni",
-                             "mnuCampionatoItaliano", "mnuSoloArchivi", "mnuAggQuote", "mnuNovita",
-                             "TB(1)", "TB(4)", "TB(7)", "TB(8)", "TB(9)", "TB(10)"})
+    for (const char *nome : {"mnuPannelloSegni",
+                             "mnuAnalisi9",
+                             "mnuInserisci",
+                             "mnuModifica",
+                             "mnuArchivio",
+                             "mnuCredits",
+                             "mnuInformazioni",
+                             "mnuGuida",
+                             "mnuEsci",
+                             "mnuComunicazioni",
+                             "mnuCampionatoItaliano",
+                             "mnuSoloArchivi",
+                             "mnuAggQuote",
+                             "mnuNovita",
+                             "TB(1)",
+                             "TB(4)",
+                             "TB(7)",
+                             "TB(8)",
+                             "TB(9)",
+                             "TB(10)"})
         QTest::newRow(nome) << QString::fromUtf8(nome) << true;
     // Screens still to be built: present and disabled.
     for (const char *nome :
@@ -324,6 +340,14 @@ void TstCornice::guidaECredits() {
     a.pannello().findChild<QAction *>(u"TB(9)"_s)->trigger();
     QCOMPARE(a.dialoghi.aperti.size(), 2);
 
+    a.pannello().findChild<QAction *>(u"mnuInformazioni"_s)->trigger();
+    QCOMPARE(a.dialoghi.boxes.size(), 1);
+    QCOMPARE(a.dialoghi.boxes.first().titolo, u"Informazioni su Vespara"_s);
+    for (const QString &parte :
+         {QCoreApplication::applicationVersion(), QString::fromLatin1(qVersion()),
+          u"GPL-3.0-or-later"_s, u"Non è l'archivio ufficiale dei concorsi del Totocalcio."_s})
+        QVERIFY2(a.dialoghi.boxes.first().testo.contains(parte), qPrintable(parte));
+    a.dialoghi.svuota();
     a.pannello().findChild<QAction *>(u"mnuCredits"_s)->trigger();
     QCOMPARE(a.dialoghi.boxes.size(), 1);
     QVERIFY(a.dialoghi.boxes.first().testo.contains(u"diritti"_s));

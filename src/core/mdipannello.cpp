@@ -117,6 +117,7 @@ constexpr VoceMenu Menu[] = {
     {"mnuClassArgentinaAp", "Argentina Ap", "mnuClassifiche", Tipo::Voce, ""},
     {"mnuInfo", "Info", "", Tipo::Sottomenu, ""},
     {"mnuCredits", "Credits", "mnuInfo", Tipo::Voce, ""},
+    {"mnuInformazioni", "Informazioni su Vespara", "mnuInfo", Tipo::Voce, ""},
     {"mnuAggiornamenti", "Verifica Aggiornamenti", "mnuInfo", Tipo::Voce, ""},
     {"mnuComunicazioni", "Comunicazioni OnLine", "mnuInfo", Tipo::Voce, ""},
     {"mnuGuida", "Guida in linea", "mnuInfo", Tipo::Voce, ""},
@@ -353,6 +354,9 @@ void MdiPannello::creaMenu() {
     m_voci.value(u"mnuGuida"_s)->setShortcut(QKeySequence::HelpContents);
     m_voci.value(u"mnuEsci"_s)->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     m_voci.value(u"mnuEsci"_s)->setShortcutContext(Qt::ApplicationShortcut);
+    registraAzione(u"mnuInformazioni"_s, [this] {
+        m_stato.dialoghi().informazione(u"Informazioni su Vespara"_s, testoInformazioni());
+    });
     registraAzione(u"mnuCredits"_s, [this] {
         m_stato.dialoghi().informazione(
             u"Credits"_s, u"Vespara! ® Versione %1 - Tutti i diritti riservati."_s.arg(
@@ -581,6 +585,18 @@ void MdiPannello::changeEvent(QEvent *e) {
         ricordaGeometria();
     if (e->type() == QEvent::ActivationChange && isActiveWindow())
         emit attivata();
+}
+
+QString MdiPannello::testoInformazioni() {
+    return u"Vespara! Versione %1\n"
+           "Qt %2 (compilato con Qt %3)\n\n"
+           "Vespara è software libero: si può ridistribuire e modificare secondo i termini della "
+           "GNU General Public License, versione 3 o successiva (GPL-3.0-or-later).\n\n"
+           "L'archivio consegnato con il programma è costruito dai risultati reali delle partite "
+           "di Serie A e Serie B, stagioni dal 2013-14 al 2025-26, tratti da una banca dati di "
+           "pubblico dominio (CC0). Non è l'archivio ufficiale dei concorsi del Totocalcio."_s.arg(
+               QCoreApplication::applicationVersion(), QString::fromLatin1(qVersion()),
+               QStringLiteral(QT_VERSION_STR));
 }
 
 void MdiPannello::mostra() {

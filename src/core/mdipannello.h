@@ -69,6 +69,10 @@ public:
     // Opens the guide with the desktop's program.
     void apriGuida();
 
+    // The text of "Informazioni su Vespara": version, Qt, licence, where the delivered data come
+    // from.
+    static QString testoInformazioni();
+
     // Shows the frame as the user left it at the last close; the first time, maximised.
     void mostra();
 
