@@ -166,7 +166,18 @@ void TstAnteprima::elencoDel9NellAnteprima() {
     AmbienteProva::fotografa(p, u"anteprima"_s);
     tasto(u"Info"_s);
     QCOMPARE(b.a.dialoghi.testi(), QStringList{u"Vespara"_s});
-    tasto(u"Esci"_s);
+    // The keys of every preview: PageDown/PageUp, End/Home turn the pages, Esc closes.
+    QApplication::setActiveWindow(p);
+    QTRY_COMPARE(QApplication::activeWindow(), p);
+    QTest::keyClick(p, Qt::Key_PageDown);
+    QCOMPARE(p->paginaMostrata(), 2);
+    QTest::keyClick(p, Qt::Key_End);
+    QCOMPARE(p->paginaMostrata(), 29);
+    QTest::keyClick(p, Qt::Key_PageUp);
+    QCOMPARE(p->paginaMostrata(), 28);
+    QTest::keyClick(p, Qt::Key_Home);
+    QCOMPARE(p->paginaMostrata(), 1);
+    QTest::keyClick(p, Qt::Key_Escape);
     QTRY_VERIFY(!anteprima());
 }
 

@@ -115,15 +115,19 @@ FrmAnteprima::FrmAnteprima(StatoProgramma &stato, QList<RecordPagina> record, QW
     toolbar->setObjectName(u"Toolbar"_s);
     toolbar->setToolButtonStyle(Qt::ToolButtonTextOnly);
     const auto chiave = [this, toolbar](const QString &nome, const QString &suggerimento,
-                                        auto azione) {
+                                        auto azione, const QKeySequence &tasto = {}) {
         QAction *a = toolbar->addAction(nome);
         a->setObjectName(nome);
-        a->setToolTip(suggerimento);
+        a->setShortcut(tasto);
+        a->setToolTip(tasto.isEmpty() ? suggerimento
+                                      : u"%1 (%2)"_s.arg(suggerimento,
+                                                         tasto.toString(QKeySequence::NativeText)));
         connect(a, &QAction::triggered, this,
                 [this, azione] { eseguiProtetto(m_stato.dialoghi(), azione); });
         return a;
     };
-    chiave(u"Stampa"_s, u"Stampa"_s, [this] { stampa(); });
+    chiave(
+        u"Stampa"_s, u"Stampa"_s, [this] { stampa(); }, QKeySequence(Qt::CTRL | Qt::Key_P));
     QAction *zoom = chiave(u"Zoom"_s, u"Scala dell'anteprima"_s, [] {});
     auto *menuZoom = new QMenu(this);
     const auto voceZoom = [this, menuZoom](const QString &nome, int passo) {
@@ -147,17 +151,25 @@ FrmAnteprima::FrmAnteprima(StatoProgramma &stato, QList<RecordPagina> record, QW
     if (auto *pulsante = qobject_cast<QToolButton *>(toolbar->widgetForAction(zoom)))
         pulsante->setPopupMode(QToolButton::InstantPopup);
     toolbar->addSeparator();
-    chiave(u"Prima"_s, u"Prima pagina"_s, [this] { mostraPagina(1); });
-    chiave(u"Precedente"_s, u"Pagina precedente"_s, [this] { mostraPagina(paginaMostrata() - 1); });
-    chiave(u"Successiva"_s, u"Pagina successiva"_s, [this] { mostraPagina(paginaMostrata() + 1); });
-    chiave(u"Ultima"_s, u"Ultima pagina"_s, [this] { mostraPagina(m_pagine); });
+    chiave(
+        u"Prima"_s, u"Prima pagina"_s, [this] { mostraPagina(1); }, QKeySequence(Qt::Key_Home));
+    chiave(
+        u"Precedente"_s, u"Pagina precedente"_s, [this] { mostraPagina(paginaMostrata() - 1); },
+        QKeySequence(Qt::Key_PageUp));
+    chiave(
+        u"Successiva"_s, u"Pagina successiva"_s, [this] { mostraPagina(paginaMostrata() + 1); },
+        QKeySequence(Qt::Key_PageDown));
+    chiave(
+        u"Ultima"_s, u"Ultima pagina"_s, [this] { mostraPagina(m_pagine); },
+        QKeySequence(Qt::Key_End));
     toolbar->addSeparator();
     chiave(u"Info"_s, u"Informazioni"_s, [this] {
         m_stato.dialoghi().informazione(Dialoghi::titoloApplicazione(),
                                         Dialoghi::titoloApplicazione());
     });
     chiave(u"Esporta"_s, u"Esporta in Excel"_s, [this] { esporta(); });
-    chiave(u"Esci"_s, u"Chiudi l'anteprima"_s, [this] { close(); });
+    chiave(
+        u"Esci"_s, u"Chiudi l'anteprima"_s, [this] { close(); }, QKeySequence(Qt::Key_Escape));
 
     m_ePag = new QComboBox(this);
     m_ePag->setObjectName(u"ePag"_s);
