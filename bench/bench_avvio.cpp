@@ -61,7 +61,7 @@ public:
         FileDati::scriviRighe(m_dir.filePath(archivio), righe);
         if (conTabella) {
             TabellaArchivio tabella(m_dir.filePath(QString::fromLatin1(TabellaArchivio::NomeFile)));
-            tabella.ricostruisci(ArchivioColonne::daRighe(righe));
+            tabella.ricostruisci(ArchivioColonne::daRighe(righe).righe());
         }
     }
 

@@ -220,7 +220,7 @@ void TstArchivio::tabellaSopravviveAllaRiapertura() {
     {
         TabellaArchivio t(percorso);
         QVERIFY(t.creata());
-        t.ricostruisci(ArchivioColonne::daRighe(archivioSintetico(5)));
+        t.ricostruisci(ArchivioColonne::daRighe(archivioSintetico(5)).righe());
     }
     TabellaArchivio t(percorso);
     QVERIFY(!t.creata());

@@ -732,7 +732,7 @@ void TstSchermiArchivio::tabellaVecchiaRicostruitaAllAvvio() {
     const QStringList vecchio = archivioSintetico(250);
     {
         TabellaArchivio tabella(b.a.file(u"archivio.db"_s));
-        tabella.ricostruisci(ArchivioColonne::daRighe(vecchio));
+        tabella.ricostruisci(ArchivioColonne::daRighe(vecchio).righe());
     }
     QStringList nuovo = archivioSintetico(260);
     nuovo.last() = Ultima;

@@ -197,7 +197,7 @@ void FrmPannelloSegni::stampa(const QString &scelta) {
         return;
     }
     const bool coppie = scelta == u"Coppie"_s;
-    StampanteQt stampante(m_stato);
+    StampanteQt stampante(m_stato.dialoghi(), m_stato.FileStampaPdf, m_stato.paginaOrizzontale());
     stampante.setOrizzontale(false);
     if (!stampante.scegliSeManca())
         return;

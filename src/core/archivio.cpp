@@ -55,7 +55,7 @@ void Archivio::caricaMemoria(StatoProgramma &stato) {
 
 void Archivio::ricostruisci(StatoProgramma &stato) {
     ArchivioColonne nuovo = ArchivioColonne::daRighe(leggiFile(stato));
-    stato.tabellaArchivio().ricostruisci(nuovo);
+    stato.tabellaArchivio().ricostruisci(nuovo.righe());
     stato.ColonneArchivio = std::move(nuovo);
 }
 
@@ -90,11 +90,8 @@ void Archivio::ripristinaCopiaPrecedente(const StatoProgramma &stato) {
 
 bool Archivio::allineaTabella(StatoProgramma &stato) {
     TabellaArchivio &tabella = stato.tabellaArchivio();
-    const QList<RigaArchivio> righe = tabella.tutte();
-    bool uguali = righe.size() == stato.NumeroColonne();
-    for (int i = 0; uguali && i < righe.size(); ++i)
-        uguali = righe.at(i) == stato.ColonneArchivio.riga(i);
+    const bool uguali = tabella.tutte() == stato.ColonneArchivio.righe();
     if (!uguali)
-        tabella.ricostruisci(stato.ColonneArchivio);
+        tabella.ricostruisci(stato.ColonneArchivio.righe());
     return !uguali;
 }

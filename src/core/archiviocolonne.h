@@ -1,20 +1,17 @@
 #pragma once
 
+#include "piattaforma/rigaarchivio.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
-
-#include <array>
-
-// One archive record: Stagione, Concorso, Colonna and the six metrics, as text, as they came.
-using RigaArchivio = std::array<QString, 9>;
 
 // The archive in memory (ColonneArchivio): rows in file order, the oldest contest first, the last
 // contest last. Every loop over the archive relies on its fixed capacity.
 class ArchivioColonne {
 public:
     static constexpr int Capacita = 7000;
-    static constexpr int Campi = 9;
+    static constexpr int Campi = CampiRigaArchivio;
 
     enum Campo { Stagione = 0, Concorso = 1, ColonnaCampo = 2 };
 
@@ -25,6 +22,7 @@ public:
     const RigaArchivio &ultima() const { return riga(numero() - 1); }
     const QString &campo(int i, int c) const { return riga(i)[c]; }
     const QString &colonna(int i) const { return riga(i)[ColonnaCampo]; }
+    const QList<RigaArchivio> &righe() const { return m_righe; }
 
     // Appends a row; the 7001st is a run-time fault.
     void aggiungi(const RigaArchivio &r);

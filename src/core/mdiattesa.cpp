@@ -52,10 +52,6 @@ void MdiAttesa::mostraBox() {
     for (QWidget *w : finestre)
         if (qobject_cast<FrmAttendere *>(w) && w->isVisible())
             return;
-    if (m_cornice)
-        for (FrmAttendere *f : m_cornice->findChildren<FrmAttendere *>())
-            if (f->isVisible())
-                return;
     m_box = new FrmAttendere(m_cornice);
     m_box->setIntervallo(0, 0);
     m_box->setAnnullamento([this] { m_rete.annulla(); });

@@ -87,7 +87,8 @@ void ScrittureArchivio::eliminaCorrente(StatoProgramma &stato) {
 }
 
 void ScrittureArchivio::ricaricaTabella(StatoProgramma &stato) {
-    stato.tabellaArchivio().ricostruisci(ArchivioColonne::daRighe(Archivio::leggiFile(stato)));
+    stato.tabellaArchivio().ricostruisci(
+        ArchivioColonne::daRighe(Archivio::leggiFile(stato)).righe());
 }
 
 QString ScrittureArchivio::paginaArchivio(const ArchivioColonne &archivio) {

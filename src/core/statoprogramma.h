@@ -80,6 +80,7 @@ public:
     // When set, every print goes to this PDF file instead of the printer (tests, and users with
     // no printer).
     QString FileStampaPdf;
+    bool paginaOrizzontale() const { return OrientamentoPagina == QStringLiteral("orizzontale"); }
 
     // What a screen hands to the export to Excel: the hidden grid of frmGriglia (its rows 1 to
     // the last at the screen's own coordinates), TitoloEsportazione, IntestazioniEsportazione

@@ -1,6 +1,5 @@
 #include "piattaforma/stampanteqt.h"
 
-#include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/erroreesecuzione.h"
 
@@ -9,18 +8,18 @@
 
 using namespace Qt::StringLiterals;
 
-StampanteQt::StampanteQt(StatoProgramma &stato)
-    : m_stato(stato)
+StampanteQt::StampanteQt(Dialoghi &dialoghi, const QString &filePdf, bool orizzontale)
+    : m_dialoghi(dialoghi)
     , m_stampante(QPrinter::HighResolution) {
     m_stampante.setPageSize(QPageSize(QPageSize::A4));
     m_stampante.setFullPage(true);
     m_stampante.setDocName(u"Vespara"_s);
-    if (!stato.FileStampaPdf.isEmpty()) {
+    if (!filePdf.isEmpty()) {
         m_suPdf = true;
         m_stampante.setOutputFormat(QPrinter::PdfFormat);
-        m_stampante.setOutputFileName(stato.FileStampaPdf);
+        m_stampante.setOutputFileName(filePdf);
     }
-    setOrizzontale(stato.OrientamentoPagina == u"orizzontale"_s);
+    setOrizzontale(orizzontale);
 }
 
 StampanteQt::~StampanteQt() {
@@ -35,7 +34,7 @@ void StampanteQt::setOrizzontale(bool orizzontale) {
 bool StampanteQt::scegliSeManca() {
     if (m_suPdf || !QPrinterInfo::defaultPrinter().isNull())
         return true;
-    return m_stato.dialoghi().dialogoStampa(m_stampante);
+    return m_dialoghi.dialogoStampa(m_stampante);
 }
 
 DispositivoDisegno &StampanteQt::inizia() {

@@ -7,18 +7,18 @@
 
 #include <memory>
 
-class StatoProgramma;
+class Dialoghi;
 
-// The printer as a drawing device: the system's printer, or the PDF file that the program state
-// names (FileStampaPdf). A4, the orientation asked for, coordinates from the corner of the paper.
+// The printer as a drawing device: the system's printer, or a PDF file when one is named. A4, the
+// orientation asked for, coordinates from the corner of the paper.
 class StampanteQt {
 public:
-    explicit StampanteQt(StatoProgramma &stato);
+    StampanteQt(Dialoghi &dialoghi, const QString &filePdf, bool orizzontale);
     ~StampanteQt();
 
     QPrinter &stampante() { return m_stampante; }
     void setOrizzontale(bool orizzontale);
-    // Whether printing goes to the PDF file of the program state.
+    // Whether printing goes to the PDF file.
     bool suPdf() const { return m_suPdf; }
     // With no printer on the system the print dialog lets the user choose one (or a PDF file):
     // false when that was cancelled.
@@ -31,7 +31,7 @@ public:
     void fine();
 
 private:
-    StatoProgramma &m_stato;
+    Dialoghi &m_dialoghi;
     QPrinter m_stampante;
     QPainter m_pittore;
     std::unique_ptr<DispositivoPittore> m_dispositivo;

@@ -130,7 +130,7 @@ RigaArchivio TabellaArchivio::corrente() const {
     if (!q.exec() || !q.next())
         guasto(u"lettura della riga non riuscita"_s, q.lastError());
     RigaArchivio r;
-    for (int i = 0; i < ArchivioColonne::Campi; ++i)
+    for (int i = 0; i < CampiRigaArchivio; ++i)
         r[i] = q.value(i).toString();
     return r;
 }
@@ -138,7 +138,7 @@ RigaArchivio TabellaArchivio::corrente() const {
 void TabellaArchivio::modifica(const RigaArchivio &riga) {
     QStringList assegna;
     QList<QVariant> valori;
-    for (int i = 0; i < ArchivioColonne::Campi; ++i) {
+    for (int i = 0; i < CampiRigaArchivio; ++i) {
         assegna.append(nomiCampi().at(i) + u" = ?"_s);
         valori.append(riga[i]);
     }
@@ -169,14 +169,14 @@ QList<RigaArchivio> TabellaArchivio::tutte() const {
     QList<RigaArchivio> righe;
     while (q.next()) {
         RigaArchivio r;
-        for (int i = 0; i < ArchivioColonne::Campi; ++i)
+        for (int i = 0; i < CampiRigaArchivio; ++i)
             r[i] = q.value(i).toString();
         righe.append(r);
     }
     return righe;
 }
 
-void TabellaArchivio::ricostruisci(const ArchivioColonne &archivio) {
+void TabellaArchivio::ricostruisci(const QList<RigaArchivio> &righe) {
     QSqlDatabase db = database(m_nomeConnessione);
     if (!db.transaction())
         guasto(u"transazione non avviata"_s, db.lastError());
@@ -185,9 +185,8 @@ void TabellaArchivio::ricostruisci(const ArchivioColonne &archivio) {
         QSqlQuery q(db);
         q.prepare(
             u"INSERT INTO Archivio (%1) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"_s.arg(elencoCampi()));
-        for (int i = 0; i < archivio.numero(); ++i) {
-            const RigaArchivio &r = archivio.riga(i);
-            for (int c = 0; c < ArchivioColonne::Campi; ++c)
+        for (const RigaArchivio &r : righe) {
+            for (int c = 0; c < CampiRigaArchivio; ++c)
                 q.bindValue(c, r[c]);
             if (!q.exec())
                 guasto(u"inserimento non riuscito"_s, q.lastError());

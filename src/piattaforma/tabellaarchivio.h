@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/archiviocolonne.h"
+#include "piattaforma/rigaarchivio.h"
 
 #include <QList>
 #include <QString>
@@ -52,7 +52,7 @@ public:
     QList<RigaArchivio> tutte() const;
     // Empties the table and adds the rows again, in one transaction: on a failure the table is
     // left as it was and a run-time fault is raised.
-    void ricostruisci(const ArchivioColonne &archivio);
+    void ricostruisci(const QList<RigaArchivio> &righe);
 
 private:
     qint64 idCorrente() const;

@@ -232,8 +232,8 @@ int FrmAnteprima::paginaMostrata() const {
 }
 
 QSizeF FrmAnteprima::foglio() const {
-    return m_stato.OrientamentoPagina == u"orizzontale"_s ? QSizeF(LatoLungo, LatoCorto)
-                                                          : QSizeF(LatoCorto, LatoLungo);
+    return m_stato.paginaOrizzontale() ? QSizeF(LatoLungo, LatoCorto)
+                                       : QSizeF(LatoCorto, LatoLungo);
 }
 
 int FrmAnteprima::zoom() const {

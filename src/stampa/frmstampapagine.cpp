@@ -21,7 +21,8 @@ FrmStampaPagine::FrmStampaPagine(StatoProgramma &stato, FrmAnteprima &anteprima)
     : QDialog(&anteprima)
     , m_stato(stato)
     , m_anteprima(anteprima)
-    , m_stampante(std::make_unique<StampanteQt>(stato)) {
+    , m_stampante(std::make_unique<StampanteQt>(stato.dialoghi(), stato.FileStampaPdf,
+                                                stato.paginaOrizzontale())) {
     setObjectName(u"PrnPrn"_s);
     setWindowTitle(u"Stampa"_s);
     setModal(true);
