@@ -1,6 +1,6 @@
 #include "core/cartelladati.h"
-#include "core/mdipannello.h"
-#include "core/mdiprogramma.h"
+#include "cornice/mdipannello.h"
+#include "cornice/mdiprogramma.h"
 #include "piattaforma/dialoghiqt.h"
 
 #include <QApplication>

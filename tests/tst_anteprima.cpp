@@ -5,7 +5,7 @@
 
 #include "analisi/frmcolonne9.h"
 #include "analisi/frmpannellosegni.h"
-#include "core/mdipannello.h"
+#include "cornice/mdipannello.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/griglia.h"
 #include "piattaforma/vistagriglia.h"

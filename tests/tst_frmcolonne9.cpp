@@ -4,7 +4,7 @@
 
 #include "analisi/colonne9.h"
 #include "analisi/frmcolonne9.h"
-#include "core/mdipannello.h"
+#include "cornice/mdipannello.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/griglia.h"
 #include "piattaforma/vistagriglia.h"

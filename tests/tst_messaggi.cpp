@@ -9,7 +9,7 @@
 #include "aggiornamenti/mdiaggiornamenti.h"
 #include "aggiornamenti/messaggi.h"
 #include "aggiornamenti/versione.h"
-#include "core/mdipannello.h"
+#include "cornice/mdipannello.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"

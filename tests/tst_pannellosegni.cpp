@@ -6,7 +6,7 @@
 #include "analisi/grigliepannello.h"
 #include "analisi/selezioneterzine.h"
 #include "analisi/statistichesegni.h"
-#include "core/mdipannello.h"
+#include "cornice/mdipannello.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"

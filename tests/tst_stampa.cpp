@@ -6,7 +6,7 @@
 #include "analisi/stampacolonne9.h"
 #include "analisi/stampapannello.h"
 #include "core/archiviocolonne.h"
-#include "core/stampaarchivio.h"
+#include "archivio/stampaarchivio.h"
 #include "piattaforma/dispositivoregistratore.h"
 #include "piattaforma/griglia.h"
 #include "stampa/documentopagine.h"

@@ -1,9 +1,9 @@
 #include "aggiornamenti/aggiornamentisito.h"
 
+#include "archivio/scritturearchivio.h"
 #include "campionati/leghe.h"
 #include "core/archivio.h"
 #include "core/archiviocolonne.h"
-#include "core/scritturearchivio.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"

@@ -1,7 +1,7 @@
 #include "aggiornamenti/frmcomm.h"
 
-#include "core/mdipannello.h"
 #include "core/mdistile.h"
+#include "core/registroschermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/erroreesecuzione.h"
@@ -36,7 +36,7 @@ QUrl indirizzoDi(const QString &testo) {
 
 } // namespace
 
-FrmComm::FrmComm(StatoProgramma &stato, MdiPannello &pannello, QWidget *genitore)
+FrmComm::FrmComm(StatoProgramma &stato, RegistroSchermi &pannello, QWidget *genitore)
     : QWidget(genitore)
     , m_stato(stato)
     , m_pannello(pannello) {

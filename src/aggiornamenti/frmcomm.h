@@ -6,7 +6,7 @@
 
 #include <array>
 
-class MdiPannello;
+class RegistroSchermi;
 class QFrame;
 class QLabel;
 class QPushButton;
@@ -20,7 +20,7 @@ class FrmComm : public QWidget {
 public:
     static constexpr const char16_t *Titolo = u"Comunicazioni OnLine";
 
-    FrmComm(StatoProgramma &stato, MdiPannello &pannello, QWidget *genitore = nullptr);
+    FrmComm(StatoProgramma &stato, RegistroSchermi &pannello, QWidget *genitore = nullptr);
     ~FrmComm() override;
 
     // Form_Load: the number seen, the site's number, the pages. Raises a fault (and changes
@@ -43,7 +43,7 @@ private:
     void apriRiga(QLabel *riga);
 
     StatoProgramma &m_stato;
-    MdiPannello &m_pannello;
+    RegistroSchermi &m_pannello;
     ArchivioComunicazioni m_archivio;
     // What Form_Load found: whether a message was new, and the site's number.
     bool m_nuovo = false;

@@ -7,7 +7,7 @@
 #include "aggiornamenti/frmrelease.h"
 #include "aggiornamenti/messaggi.h"
 #include "aggiornamenti/versione.h"
-#include "core/mdipannello.h"
+#include "core/registroschermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
@@ -29,16 +29,16 @@ constexpr const char *SaltaAttivazione = "vesparaSaltaAttivazione";
 // While a check runs (its question box moves the activation), no other one starts.
 class InCorso {
 public:
-    explicit InCorso(MdiPannello &pannello)
+    explicit InCorso(RegistroSchermi &pannello)
         : m_pannello(pannello) {
-        m_pannello.setProperty(VerificaInCorso, true);
+        m_pannello.finestra()->setProperty(VerificaInCorso, true);
     }
-    ~InCorso() { m_pannello.setProperty(VerificaInCorso, false); }
+    ~InCorso() { m_pannello.finestra()->setProperty(VerificaInCorso, false); }
     InCorso(const InCorso &) = delete;
     InCorso &operator=(const InCorso &) = delete;
 
 private:
-    MdiPannello &m_pannello;
+    RegistroSchermi &m_pannello;
 };
 
 // The hourglass until the network is done with, before any box.
@@ -59,20 +59,20 @@ private:
 };
 
 // A newer version is on the site: the question, and the screen of the download on Yes.
-void offriAggiornamento(MdiPannello &pannello, const QString &versione) {
+void offriAggiornamento(RegistroSchermi &pannello, const QString &versione) {
     const bool si = pannello.stato().dialoghi().domanda(
         Dialoghi::titoloAggiornamenti(),
         QString::fromUtf16(MdiAggiornamenti::DomandaAggiornamento));
     // A box that took the activation away gives it back: that activation is not a new one.
-    if (!pannello.isActiveWindow())
-        pannello.setProperty(SaltaAttivazione, true);
+    if (!pannello.finestra()->isActiveWindow())
+        pannello.finestra()->setProperty(SaltaAttivazione, true);
     if (si)
         if (auto *frm =
                 qobject_cast<FrmAggiornamenti *>(pannello.apriSchermo(u"frmAggiornamenti"_s)))
             frm->impostaVersione(versione);
 }
 
-void verificaDaMenu(MdiPannello &pannello) {
+void verificaDaMenu(RegistroSchermi &pannello) {
     InCorso inCorso(pannello);
     Clessidra clessidra;
     Dialoghi &dialoghi = pannello.stato().dialoghi();
@@ -94,7 +94,7 @@ void verificaDaMenu(MdiPannello &pannello) {
                               u"Non risulta alcuna versione più aggiornata per Vespara."_s);
 }
 
-void apriComunicazioni(MdiPannello &pannello) {
+void apriComunicazioni(RegistroSchermi &pannello) {
     Rete::Operazione operazione(pannello.stato().rete());
     if (!pannello.stato().rete().verificaConnessione()) {
         pannello.stato().dialoghi().critico(
@@ -105,7 +105,7 @@ void apriComunicazioni(MdiPannello &pannello) {
     pannello.mostraSchermo(u"frmComm"_s);
 }
 
-void apriSito(MdiPannello &pannello) {
+void apriSito(RegistroSchermi &pannello) {
     Rete &rete = pannello.stato().rete();
     Rete::Operazione operazione(rete);
     if (!rete.verificaConnessione()) {
@@ -118,7 +118,7 @@ void apriSito(MdiPannello &pannello) {
 
 } // namespace
 
-void MdiAggiornamenti::controllaMessaggi(MdiPannello &pannello) {
+void MdiAggiornamenti::controllaMessaggi(RegistroSchermi &pannello) {
     StatoProgramma &stato = pannello.stato();
     // An unreadable new.dat is shown and the start goes on.
     eseguiProtetto(stato.dialoghi(), [&] {
@@ -136,23 +136,23 @@ void MdiAggiornamenti::controllaMessaggi(MdiPannello &pannello) {
     });
 }
 
-void MdiAggiornamenti::mostraNovita(MdiPannello &pannello) {
+void MdiAggiornamenti::mostraNovita(RegistroSchermi &pannello) {
     pannello.mostraSchermo(u"frmRelease"_s);
 }
 
-bool MdiAggiornamenti::altraOperazione(MdiPannello &pannello) {
-    return pannello.property(VerificaInCorso).toBool() || pannello.stato().rete().occupata() ||
-           !pannello.isEnabled() || QApplication::activeModalWidget() ||
-           QApplication::overrideCursor();
+bool MdiAggiornamenti::altraOperazione(RegistroSchermi &pannello) {
+    return pannello.finestra()->property(VerificaInCorso).toBool() ||
+           pannello.stato().rete().occupata() || !pannello.finestra()->isEnabled() ||
+           QApplication::activeModalWidget() || QApplication::overrideCursor();
 }
 
-void MdiAggiornamenti::verificaAggiornamenti(MdiPannello &pannello) {
+void MdiAggiornamenti::verificaAggiornamenti(RegistroSchermi &pannello) {
     // Never inside another operation (an update, a box, the waiting box): its question would
     // come in the middle of it. The next activation asks again.
     if (altraOperazione(pannello))
         return;
-    if (pannello.property(SaltaAttivazione).toBool()) {
-        pannello.setProperty(SaltaAttivazione, false);
+    if (pannello.finestra()->property(SaltaAttivazione).toBool()) {
+        pannello.finestra()->setProperty(SaltaAttivazione, false);
         return;
     }
     // The offer is on show already: that is the answer.
@@ -170,24 +170,24 @@ void MdiAggiornamenti::verificaAggiornamenti(MdiPannello &pannello) {
     });
 }
 
-void MdiAggiornamenti::registra(MdiPannello &pannello) {
-    pannello.registraSchermo(u"frmComm"_s, [](StatoProgramma &stato, MdiPannello &p) {
+void MdiAggiornamenti::registra(RegistroSchermi &pannello) {
+    pannello.registraSchermo(u"frmComm"_s, [](StatoProgramma &stato, RegistroSchermi &p) {
         // Form_Load may fail (new.dat missing, pages that don't match): then no screen opens.
         auto frm = std::make_unique<FrmComm>(stato, p);
         frm->carica();
         return frm.release();
     });
-    pannello.registraSchermo(u"frmInviaMessaggio"_s, [](StatoProgramma &stato, MdiPannello &) {
+    pannello.registraSchermo(u"frmInviaMessaggio"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmInviaMessaggio(stato);
     });
-    pannello.registraSchermo(u"frmRelease"_s, [](StatoProgramma &stato, MdiPannello &) {
+    pannello.registraSchermo(u"frmRelease"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmRelease(stato);
     });
     // The frame centres it in its area.
-    pannello.registraSchermo(u"frmAggiornamenti"_s, [](StatoProgramma &stato, MdiPannello &) {
+    pannello.registraSchermo(u"frmAggiornamenti"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmAggiornamenti(stato);
     });
-    pannello.registraSchermo(u"frmAltriGiochi"_s, [](StatoProgramma &stato, MdiPannello &) {
+    pannello.registraSchermo(u"frmAltriGiochi"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmAltriGiochi(stato);
     });
 
@@ -199,7 +199,7 @@ void MdiAggiornamenti::registra(MdiPannello &pannello) {
                             [&pannello] { pannello.mostraSchermo(u"frmInviaMessaggio"_s); });
     pannello.registraAzione(u"TB(8)"_s, [&pannello] { apriSito(pannello); });
     // The indicator opens the messages as they are, without asking for the connection first.
-    QObject::connect(pannello.imgComm(), &QPushButton::clicked, &pannello, [&pannello] {
+    QObject::connect(pannello.imgComm(), &QPushButton::clicked, pannello.finestra(), [&pannello] {
         eseguiProtetto(pannello.stato().dialoghi(), [&] { pannello.mostraSchermo(u"frmComm"_s); });
     });
 }

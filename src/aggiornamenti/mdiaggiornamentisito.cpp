@@ -3,7 +3,7 @@
 #include "aggiornamenti/aggiornamentisito.h"
 #include "aggiornamenti/frmaggiornamentoparziale.h"
 #include "aggiornamenti/frminternet.h"
-#include "core/mdipannello.h"
+#include "core/registroschermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 
@@ -11,9 +11,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-template <typename Schermo> void registraSchermo(MdiPannello &pannello, const QString &nome) {
+template <typename Schermo> void registraSchermo(RegistroSchermi &pannello, const QString &nome) {
     pannello.registraSchermo(
-        nome, [](StatoProgramma &stato, MdiPannello &) { return new Schermo(stato); });
+        nome, [](StatoProgramma &stato, RegistroSchermi &) { return new Schermo(stato); });
 }
 
 // AggiornaQuote, from the menu.
@@ -54,12 +54,12 @@ void aggiornaCampionato(StatoProgramma &stato) {
 
 } // namespace
 
-void MdiAggiornamentiSito::registra(MdiPannello &pannello) {
+void MdiAggiornamentiSito::registra(RegistroSchermi &pannello) {
     registraSchermo<FrmInternet>(pannello, u"frmInternet"_s);
     // Two of the partial updates have no menu entry of their own.
     for (const FrmAggiornamentoParziale::Parziale &parziale : FrmAggiornamentoParziale::tutti())
         pannello.registraSchermo(QString::fromLatin1(parziale.nome),
-                                 [&parziale](StatoProgramma &stato, MdiPannello &) {
+                                 [&parziale](StatoProgramma &stato, RegistroSchermi &) {
                                      return new FrmAggiornamentoParziale(stato, parziale);
                                  });
 

@@ -1,10 +1,10 @@
 #pragma once
 
-class MdiPannello;
+class RegistroSchermi;
 
 // The updates from the site: the full update, the partial ones, the quotas, the season.
 class MdiAggiornamentiSito {
 public:
     // Gives the frame its screens and menu actions.
-    static void registra(MdiPannello &pannello);
+    static void registra(RegistroSchermi &pannello);
 };

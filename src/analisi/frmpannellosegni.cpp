@@ -3,7 +3,6 @@
 #include "analisi/grigliepannello.h"
 #include "analisi/stampapannello.h"
 #include "analisi/statistichesegni.h"
-#include "core/mdipannello.h"
 #include "core/mdistile.h"
 #include "core/registroschermi.h"
 #include "core/statoprogramma.h"
@@ -61,7 +60,7 @@ FrmPannelloSegni::FrmPannelloSegni(StatoProgramma &stato, QWidget *genitore)
     setWindowTitle(QString::fromUtf8(Titolo));
     setWindowFlags(Qt::FramelessWindowHint);
     // The first screen of the program stands at the top left of the frame's area.
-    setProperty(MdiPannello::PosizioneFissa, true);
+    setProperty(RegistroSchermi::PosizioneFissa, true);
     setAutoFillBackground(true);
     setStyleSheet(u"FrmPannelloSegni { background: #eef1f6; }"
                   "#lblTitolo { color: #1d3f72; }"

@@ -1,6 +1,6 @@
 #include "supporto/ambienteprova.h"
 
-#include "core/mdipannello.h"
+#include "cornice/mdipannello.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/rete.h"

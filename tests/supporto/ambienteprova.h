@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/mdiprogramma.h"
+#include "cornice/mdiprogramma.h"
 #include "piattaforma/dialoghiprova.h"
 #include "piattaforma/impostazioni.h"
 #include "piattaforma/schermo.h"

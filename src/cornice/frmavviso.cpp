@@ -1,4 +1,4 @@
-#include "core/frmavviso.h"
+#include "cornice/frmavviso.h"
 #include "core/mdistile.h"
 
 #include <QLabel>

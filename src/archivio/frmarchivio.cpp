@@ -1,9 +1,9 @@
-#include "core/frmarchivio.h"
+#include "archivio/frmarchivio.h"
 
 #include "core/mdistile.h"
 #include "core/registroschermi.h"
-#include "core/scritturearchivio.h"
-#include "core/stampaarchivio.h"
+#include "archivio/scritturearchivio.h"
+#include "archivio/stampaarchivio.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/griglia.h"

@@ -1,9 +1,9 @@
-#include "core/frminserisci.h"
+#include "archivio/frminserisci.h"
 
 #include "core/colonna.h"
 #include "core/mdistile.h"
 #include "core/registroschermi.h"
-#include "core/scritturearchivio.h"
+#include "archivio/scritturearchivio.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"

@@ -1,33 +1,33 @@
-#include "core/mdischermi.h"
+#include "cornice/mdischermi.h"
 
 #include "aggiornamenti/mdiaggiornamenti.h"
 #include "aggiornamenti/mdiaggiornamentisito.h"
 #include "analisi/frmcolonne9.h"
 #include "analisi/frmpannellosegni.h"
-#include "core/frmarchivio.h"
+#include "archivio/frmarchivio.h"
 #include "core/frmattendere.h"
-#include "core/frmgestione.h"
-#include "core/frminserisci.h"
-#include "core/mdipannello.h"
+#include "archivio/frmgestione.h"
+#include "archivio/frminserisci.h"
+#include "cornice/mdipannello.h"
 
 #include <QApplication>
 
 using namespace Qt::StringLiterals;
 
 void registraSchermi(MdiPannello &pannello) {
-    pannello.registraSchermo(u"frmPannelloSegni"_s, [](StatoProgramma &stato, MdiPannello &) {
+    pannello.registraSchermo(u"frmPannelloSegni"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmPannelloSegni(stato);
     });
-    pannello.registraSchermo(u"frmColonne9"_s, [](StatoProgramma &stato, MdiPannello &) {
+    pannello.registraSchermo(u"frmColonne9"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmColonne9(stato);
     });
-    pannello.registraSchermo(u"frmInserisci"_s, [](StatoProgramma &stato, MdiPannello &) {
+    pannello.registraSchermo(u"frmInserisci"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmInserisci(stato);
     });
-    pannello.registraSchermo(u"frmGestione"_s, [](StatoProgramma &stato, MdiPannello &) {
+    pannello.registraSchermo(u"frmGestione"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmGestione(stato);
     });
-    pannello.registraSchermo(u"frmArchivio"_s, [](StatoProgramma &stato, MdiPannello &) {
+    pannello.registraSchermo(u"frmArchivio"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmArchivio(stato);
     });
     // Opening the edit screen reads the whole table: the waiting box covers it.

@@ -25,30 +25,22 @@ class MdiAttesa;
 class MdiPannello : public QMainWindow, public RegistroSchermi {
     Q_OBJECT
 public:
-    // Creates a screen; the frame shows it in its area (a QDialog is shown as it is).
-    using Fabbrica = std::function<QWidget *(StatoProgramma &, MdiPannello &)>;
-    // A screen with this property true keeps the place it opens at (top left of the area);
-    // every other screen is centred in the area.
-    static constexpr const char *PosizioneFissa = "vesparaPosizioneFissa";
-
     explicit MdiPannello(StatoProgramma &stato);
     ~MdiPannello() override;
 
-    StatoProgramma &stato() const { return m_stato; }
+    StatoProgramma &stato() const override { return m_stato; }
     QMdiArea *area() const { return m_area; }
 
     // The registry of screens.
-    void registraSchermo(const QString &nome, Fabbrica fabbrica);
+    void registraSchermo(const QString &nome, Fabbrica fabbrica) override;
     bool schermoRegistrato(const QString &nome) const { return m_fabbriche.contains(nome); }
-    QWidget *trovaSchermo(const QString &nome) const;
-    QWidget *apriSchermo(const QString &nome);
+    QWidget *trovaSchermo(const QString &nome) const override;
+    QWidget *apriSchermo(const QString &nome) override;
     void mostraSchermo(const QString &nome) override;
     void chiudiSchermi() override;
     QList<QWidget *> schermiAperti() const;
 
-    // A menu entry or toolbar button (by its name: "mnuEsci", "TB(10)") gets its action; entries
-    // without one stay disabled.
-    void registraAzione(const QString &nome, std::function<void()> azione);
+    void registraAzione(const QString &nome, std::function<void()> azione) override;
     QAction *azione(const QString &nome) const;
 
     // AggStatusBar: the four dashboard labels from the last archive row.
@@ -56,11 +48,9 @@ public:
     void apriMenuGriglie(QPoint globale) override;
     QWidget *finestra() override { return this; }
 
-    // The message indicator: the animation of new messages, and the rest picture.
-    void avviaIndicatore();
-    void fermaIndicatore();
-    // The indicator's button: its tool tip tells the state of the messages, a click opens them.
-    QPushButton *imgComm() const { return m_imgComm; }
+    void avviaIndicatore() override;
+    void fermaIndicatore() override;
+    QPushButton *imgComm() const override { return m_imgComm; }
 
     // Places a screen in the middle of the frame's area, and a control in the middle of its form.
     void centraSchermo(QWidget *schermo) const;

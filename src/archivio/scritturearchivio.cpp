@@ -1,4 +1,4 @@
-#include "core/scritturearchivio.h"
+#include "archivio/scritturearchivio.h"
 
 #include "core/archivio.h"
 #include "core/colonna.h"

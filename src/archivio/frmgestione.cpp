@@ -1,8 +1,8 @@
-#include "core/frmgestione.h"
+#include "archivio/frmgestione.h"
 
 #include "core/mdistile.h"
 #include "core/registroschermi.h"
-#include "core/scritturearchivio.h"
+#include "archivio/scritturearchivio.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/erroreesecuzione.h"

@@ -1,9 +1,9 @@
-#include "core/mdiprogramma.h"
+#include "cornice/mdiprogramma.h"
 
 #include "core/cartelladati.h"
-#include "core/mdiavvio.h"
-#include "core/mdipannello.h"
-#include "core/mdischermi.h"
+#include "cornice/mdiavvio.h"
+#include "cornice/mdipannello.h"
+#include "cornice/mdischermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/erroreesecuzione.h"
 

@@ -1,7 +1,7 @@
-#include "core/mdipannello.h"
+#include "cornice/mdipannello.h"
 
 #include "core/colonna.h"
-#include "core/mdiattesa.h"
+#include "cornice/mdiattesa.h"
 #include "core/mdistile.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"

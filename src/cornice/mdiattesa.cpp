@@ -1,4 +1,4 @@
-#include "core/mdiattesa.h"
+#include "cornice/mdiattesa.h"
 
 #include "core/frmattendere.h"
 

@@ -1,4 +1,4 @@
-#include "core/stampaarchivio.h"
+#include "archivio/stampaarchivio.h"
 
 #include "core/archiviocolonne.h"
 #include "piattaforma/dispositivoregistratore.h"
