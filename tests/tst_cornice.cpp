@@ -2,14 +2,16 @@
 // screen, the season reminder, the menu and the registry of screens.
 #include "supporto/ambienteprova.h"
 
+#include "archivio/scritturearchivio.h"
 #include "core/archiviocolonne.h"
 #include "core/colonna.h"
 #include "core/frmattendere.h"
+#include "core/mdistile.h"
+#include "core/statoprogramma.h"
 #include "cornice/mdiavvio.h"
 #include "cornice/mdipannello.h"
 #include "cornice/mdiprogramma.h"
-#include "archivio/scritturearchivio.h"
-#include "core/statoprogramma.h"
+#include "cornice/mdiscorrimento.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/serverhttp.h"
@@ -126,7 +128,7 @@ void TstCornice::cruscottoDellUltimaColonna() {
     // The panel of the signs is the first child screen.
     const auto finestre = a.pannello().area()->subWindowList();
     QCOMPARE(finestre.size(), 1);
-    QCOMPARE(finestre.first()->widget()->objectName(), u"frmPannelloSegni"_s);
+    QCOMPARE(MdiScorrimento::schermoDi(finestre.first())->objectName(), u"frmPannelloSegni"_s);
     QCOMPARE(a.stato().BaseColonne9, 205);
     QVERIFY(a.stato().RicalcolaColonne9);
     QCOMPARE(a.stato().Formule.size(), 47);
@@ -444,7 +446,8 @@ void TstCornice::centratura() {
     AmbienteProva a;
     QVERIFY(a.avvia());
     QWidget *schermo = a.pannello().trovaSchermo(u"frmPannelloSegni"_s);
-    QWidget *finestra = schermo->parentWidget();
+    QWidget *finestra = MdiStile::finestraDi(schermo);
+    QVERIFY(qobject_cast<QMdiSubWindow *>(finestra));
     finestra->move(0, 0);
     a.pannello().centraSchermo(schermo);
     const QSize area = a.pannello().area()->viewport()->size();

@@ -84,28 +84,30 @@ FrmColonne9::FrmColonne9(StatoProgramma &stato, QWidget *genitore)
         eseguiProtetto(m_stato.dialoghi(), [&] { m_banco.ordina(colonna); });
     });
 
-    auto *colonne = new QHBoxLayout;
-    colonne->setSpacing(8);
+    // Three columns that fit a desktop of 1024 pixels: the grid with the search of one column and
+    // the prints under it; the commands, the fixed signs and the consecutive signs; the filters
+    // and the eliminations.
+    auto *griglia = new QVBoxLayout;
+    griglia->addWidget(m_vista, 1);
+    griglia->addWidget(creaRicerca());
     auto *sinistra = new QVBoxLayout;
     sinistra->addWidget(creaComandi());
     sinistra->addWidget(creaSegniFissi());
-    sinistra->addWidget(creaRicerca());
+    sinistra->addWidget(creaConsecutivi());
     sinistra->addStretch();
-    auto *centro = new QVBoxLayout;
-    centro->addWidget(creaFiltri());
-    centro->addStretch();
     auto *destra = new QVBoxLayout;
+    destra->addWidget(creaFiltri());
     destra->addWidget(creaEliminazioni());
-    destra->addWidget(creaConsecutivi());
     destra->addStretch();
-    colonne->addLayout(sinistra);
-    colonne->addLayout(centro);
-    colonne->addLayout(destra);
 
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);
-    layout->addWidget(m_vista);
-    layout->addLayout(colonne, 1);
+    layout->setSpacing(8);
+    layout->addLayout(griglia);
+    layout->addLayout(sinistra);
+    layout->addLayout(destra);
+    // A larger window gives its room to the grid's height, not to gaps between the controls.
+    layout->addStretch(1);
 
     m_cmdAvvia->setText(m_stato.RicalcolaColonne9 ? u"Inizializzazione"_s
                                                   : u"Inizializzazione veloce"_s);
@@ -230,6 +232,10 @@ QWidget *FrmColonne9::creaSegniFissi() {
         ls->addWidget(segno, riga, colonna + 1);
         ls->addWidget(esci, riga, colonna + 2);
     }
+    // The nine positions stay together however wide the column is.
+    ls->setColumnStretch(9, 1);
+    // The nine positions stay together however wide the column is.
+    ls->setColumnStretch(9, 1);
     m_picSegni->setEnabled(false);
 
     connect(m_chkFiltra, &QCheckBox::clicked, this, [this] {

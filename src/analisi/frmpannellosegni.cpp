@@ -21,7 +21,6 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QMdiSubWindow>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScrollBar>
@@ -209,9 +208,7 @@ void FrmPannelloSegni::stampa(const QString &scelta) {
 }
 
 QWidget *FrmPannelloSegni::finestra() {
-    if (auto *s = qobject_cast<QMdiSubWindow *>(parentWidget()))
-        return s;
-    return this;
+    return MdiStile::finestraDi(this);
 }
 
 void FrmPannelloSegni::mousePressEvent(QMouseEvent *e) {

@@ -1,5 +1,6 @@
 #include "core/mdistile.h"
 
+#include <QMdiSubWindow>
 #include <QWidget>
 
 void MdiStile::grassetto(QWidget *widget, double scala) {
@@ -13,4 +14,14 @@ void MdiStile::grassetto(QWidget *widget, double scala) {
 void MdiStile::titolo(QWidget *widget, double scala) {
     grassetto(widget, scala);
     widget->setStyleSheet(QStringLiteral("color: #1d3f72;"));
+}
+
+QWidget *MdiStile::finestraDi(QWidget *schermo) {
+    for (QWidget *w = schermo; w; w = w->parentWidget()) {
+        if (auto *s = qobject_cast<QMdiSubWindow *>(w))
+            return s;
+        if (w->isWindow())
+            return w;
+    }
+    return schermo;
 }

@@ -9,4 +9,6 @@ public:
     static void grassetto(QWidget *widget, double scala = 1.0);
     // A heading of a screen: bold, scaled, in the program's blue.
     static void titolo(QWidget *widget, double scala = 1.0);
+    // The window a screen is shown in: its sub-window in the frame's area, or its own window.
+    static QWidget *finestraDi(QWidget *schermo);
 };

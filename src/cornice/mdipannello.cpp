@@ -1,9 +1,10 @@
 #include "cornice/mdipannello.h"
 
 #include "core/colonna.h"
-#include "cornice/mdiattesa.h"
 #include "core/mdistile.h"
 #include "core/statoprogramma.h"
+#include "cornice/mdiattesa.h"
+#include "cornice/mdiscorrimento.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
 #include "piattaforma/impostazioni.h"
@@ -245,7 +246,7 @@ void MdiPannello::creaCruscotto() {
     m_lblColonna->setObjectName(u"lblColonna"_s);
     QFont fColonna(u"Liberation Mono"_s);
     fColonna.setStyleHint(QFont::Monospace);
-    fColonna.setPointSize(17);
+    fColonna.setPointSize(PuntiColonnaMassimi);
     fColonna.setBold(true);
     m_lblColonna->setFont(fColonna);
     m_lblColonna->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -300,7 +301,7 @@ void MdiPannello::creaCruscotto() {
     destra->addStretch();
     auto *riga = new QHBoxLayout(picUltima);
     riga->setContentsMargins(16, 8, 16, 8);
-    riga->setSpacing(40);
+    riga->setSpacing(SpazioCruscotto);
     riga->addLayout(sinistra);
     riga->addLayout(destra);
     riga->addStretch();
@@ -311,6 +312,8 @@ void MdiPannello::creaCruscotto() {
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setBackground(QColor(96, 108, 128));
+    // A screen maximised once leaves the next one opening in its own window, with its frame.
+    m_area->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
 
     colonna->addWidget(picUltima);
     colonna->addWidget(m_area, 1);
@@ -422,14 +425,21 @@ void MdiPannello::eseguiAzione(const QString &nome) {
 QMdiSubWindow *MdiPannello::sottofinestra(const QString &nome) const {
     const QList<QMdiSubWindow *> finestre = m_area->subWindowList(QMdiArea::CreationOrder);
     for (QMdiSubWindow *s : finestre)
-        if (s->widget() && s->widget()->objectName() == nome)
+        if (const QWidget *schermo = MdiScorrimento::schermoDi(s);
+            schermo && schermo->objectName() == nome)
             return s;
     return nullptr;
 }
 
+QStringList MdiPannello::schermiRegistrati() const {
+    QStringList nomi = m_fabbriche.keys();
+    nomi.sort();
+    return nomi;
+}
+
 QWidget *MdiPannello::trovaSchermo(const QString &nome) const {
     if (QMdiSubWindow *s = sottofinestra(nome))
-        return s->widget();
+        return MdiScorrimento::schermoDi(s);
     // Dialog screens stand outside the area, as the frame's children.
     for (QDialog *d : findChildren<QDialog *>(nome, Qt::FindDirectChildrenOnly))
         if (d->isVisible())
@@ -462,7 +472,8 @@ QWidget *MdiPannello::apriSchermo(const QString &nome) {
         return dialogo;
     }
     schermo->setAttribute(Qt::WA_DeleteOnClose);
-    QMdiSubWindow *s = m_area->addSubWindow(schermo, schermo->windowFlags() & ~Qt::Window);
+    QMdiSubWindow *s =
+        m_area->addSubWindow(new MdiScorrimento(schermo), schermo->windowFlags() & ~Qt::Window);
     s->setAttribute(Qt::WA_DeleteOnClose);
     // A screen closed by its own button takes its sub-window along. Queued: the sub-window may be
     // the one being destroyed, and a queued call to a deleted object is dropped.
@@ -487,8 +498,8 @@ QList<QWidget *> MdiPannello::schermiAperti() const {
     QList<QWidget *> schermi;
     const QList<QMdiSubWindow *> finestre = m_area->subWindowList(QMdiArea::CreationOrder);
     for (QMdiSubWindow *s : finestre)
-        if (s->widget())
-            schermi.append(s->widget());
+        if (QWidget *schermo = MdiScorrimento::schermoDi(s))
+            schermi.append(schermo);
     for (QDialog *d : findChildren<QDialog *>(Qt::FindDirectChildrenOnly))
         if (d->isVisible() && d->testAttribute(Qt::WA_DeleteOnClose))
             schermi.append(d);
@@ -529,6 +540,30 @@ void MdiPannello::aggiornaCruscotto() {
         Colonna::lineaConcorso(r[ArchivioColonne::Stagione], r[ArchivioColonne::Concorso]));
     m_lblDati9->setText(Colonna::lineaNove(r[ArchivioColonne::ColonnaCampo]));
     m_lblDati->setText(Colonna::lineaQuattordici(campi));
+    adattaCruscotto();
+}
+
+void MdiPannello::adattaCruscotto() {
+    // The 14 signs are drawn as large as the frame's width allows, so that a narrow desktop
+    // (1024 pixels) shows the whole dashboard and a wide one the signs at their full size.
+    auto larghezza = [](const QLabel *l, const QFont &f) {
+        return QFontMetrics(f).horizontalAdvance(l->text());
+    };
+    const int destra = std::max(larghezza(m_lblDati9, m_lblDati9->font()),
+                                larghezza(m_lblDati, m_lblDati->font()));
+    const int resto = 2 * 16 + 3 * SpazioCruscotto + destra + m_imgComm->sizeHint().width();
+    QFont f = m_lblColonna->font();
+    int punti = PuntiColonnaMassimi;
+    for (; punti > PuntiColonnaMinimi; --punti) {
+        f.setPointSize(punti);
+        if (resto + larghezza(m_lblColonna, f) <= width())
+            break;
+    }
+    f.setPointSize(punti);
+    m_lblColonna->setFont(f);
+    // The frame may always be made as narrow as the smallest signs allow.
+    f.setPointSize(PuntiColonnaMinimi);
+    m_lblColonna->setMinimumWidth(larghezza(m_lblColonna, f));
 }
 
 void MdiPannello::apriMenuGriglie(QPoint globale) {
@@ -553,9 +588,7 @@ void MdiPannello::passoIndicatore() {
 }
 
 void MdiPannello::centraSchermo(QWidget *schermo) const {
-    QWidget *finestra = schermo;
-    if (auto *s = qobject_cast<QMdiSubWindow *>(schermo->parentWidget()))
-        finestra = s;
+    QWidget *finestra = MdiStile::finestraDi(schermo);
     const QSize area = finestra->parentWidget() ? finestra->parentWidget()->size() : size();
     finestra->move(std::max(0, (area.width() - finestra->width()) / 2),
                    std::max(0, (area.height() - finestra->height()) / 2));
@@ -616,6 +649,7 @@ void MdiPannello::ricordaGeometria() {
 
 void MdiPannello::resizeEvent(QResizeEvent *e) {
     QMainWindow::resizeEvent(e);
+    adattaCruscotto();
     ricordaGeometria();
 }
 

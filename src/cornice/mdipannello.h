@@ -34,6 +34,8 @@ public:
     // The registry of screens.
     void registraSchermo(const QString &nome, Fabbrica fabbrica) override;
     bool schermoRegistrato(const QString &nome) const { return m_fabbriche.contains(nome); }
+    // The names of the registered screens, in alphabetical order.
+    QStringList schermiRegistrati() const;
     QWidget *trovaSchermo(const QString &nome) const override;
     QWidget *apriSchermo(const QString &nome) override;
     void mostraSchermo(const QString &nome) override;
@@ -83,7 +85,13 @@ protected:
     void moveEvent(QMoveEvent *e) override;
 
 private:
+    // The dashboard: the room between its blocks, and the sizes of the 14 signs.
+    static constexpr int SpazioCruscotto = 32;
+    static constexpr int PuntiColonnaMassimi = 17;
+    static constexpr int PuntiColonnaMinimi = 11;
+
     void creaCruscotto();
+    void adattaCruscotto();
     void creaMenu();
     void creaBarra();
     void eseguiAzione(const QString &nome);

@@ -1,10 +1,10 @@
 #include "cornice/mdiprogramma.h"
 
 #include "core/cartelladati.h"
+#include "core/statoprogramma.h"
 #include "cornice/mdiavvio.h"
 #include "cornice/mdipannello.h"
 #include "cornice/mdischermi.h"
-#include "core/statoprogramma.h"
 #include "piattaforma/erroreesecuzione.h"
 
 #include <QCoreApplication>

@@ -5,9 +5,9 @@
 #include "analisi/frmcolonne9.h"
 #include "analisi/frmpannellosegni.h"
 #include "archivio/frmarchivio.h"
-#include "core/frmattendere.h"
 #include "archivio/frmgestione.h"
 #include "archivio/frminserisci.h"
+#include "core/frmattendere.h"
 #include "cornice/mdipannello.h"
 
 #include <QApplication>

@@ -1,0 +1,61 @@
+#include "cornice/mdiscorrimento.h"
+
+#include <QCloseEvent>
+#include <QMdiSubWindow>
+#include <QScrollBar>
+
+using namespace Qt::StringLiterals;
+
+MdiScorrimento::MdiScorrimento(QWidget *schermo)
+    : m_schermo(schermo) {
+    setObjectName(u"scorrimento"_s);
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setWidget(schermo);
+    setWindowTitle(schermo->windowTitle());
+    setWindowIcon(schermo->windowIcon());
+    schermo->installEventFilter(this);
+    // The back colour of the screen fills what it leaves free in a larger window.
+    setBackgroundRole(schermo->backgroundRole());
+}
+
+QWidget *MdiScorrimento::schermoDi(const QMdiSubWindow *s) {
+    if (!s)
+        return nullptr;
+    if (auto *c = qobject_cast<MdiScorrimento *>(s->widget()))
+        return c->schermo();
+    return s->widget();
+}
+
+QSize MdiScorrimento::sizeHint() const {
+    // The screen's own size, unbounded: the frame fits the sub-window to its area.
+    if (!m_schermo)
+        return QScrollArea::sizeHint();
+    const QMargins m = contentsMargins();
+    return m_schermo->sizeHint().expandedTo(m_schermo->minimumSizeHint()) +
+           QSize(m.left() + m.right(), m.top() + m.bottom());
+}
+
+QSize MdiScorrimento::minimumSizeHint() const {
+    // As small as a sub-window may be: the scroll bars take over.
+    const int h = fontMetrics().height();
+    return QSize(8 * h, 4 * h).boundedTo(sizeHint());
+}
+
+void MdiScorrimento::closeEvent(QCloseEvent *e) {
+    // The screen decides: it may keep itself open (a question answered no).
+    if (m_schermo && !m_schermo->close())
+        e->ignore();
+    else
+        e->accept();
+}
+
+bool MdiScorrimento::eventFilter(QObject *oggetto, QEvent *e) {
+    if (oggetto == m_schermo) {
+        if (e->type() == QEvent::WindowTitleChange)
+            setWindowTitle(m_schermo->windowTitle());
+        else if (e->type() == QEvent::WindowIconChange)
+            setWindowIcon(m_schermo->windowIcon());
+    }
+    return QScrollArea::eventFilter(oggetto, e);
+}
