@@ -35,6 +35,9 @@ public:
                          const QColor &riempimento) = 0;
     // A picture from a file, scaled into the rectangle.
     virtual void immagine(const QRectF &rettangolo, const QString &file) = 0;
+    // The width of the lines, outlines and circles drawn from now on, in the device's own dots
+    // (1, the thinnest, until changed).
+    virtual void spessorePenna(int punti) = 0;
     virtual void nuovaPagina() = 0;
     virtual void fineDocumento() = 0;
 

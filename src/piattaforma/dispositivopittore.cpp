@@ -51,21 +51,32 @@ void DispositivoPittore::testoInRettangolo(const QRectF &rettangolo, const QStri
 }
 
 void DispositivoPittore::linea(QPointF da, QPointF a, const QColor &colore) {
-    m_pittore.setPen(QPen(colore, 0));
+    m_pittore.setPen(penna(colore));
     m_pittore.drawLine(da, a);
 }
 
 void DispositivoPittore::rettangolo(const QRectF &r, const QColor &bordo,
                                     const QColor &riempimento) {
-    m_pittore.setPen(bordo.isValid() ? QPen(bordo, 0) : QPen(Qt::NoPen));
+    m_pittore.setPen(bordo.isValid() ? penna(bordo) : QPen(Qt::NoPen));
     m_pittore.setBrush(riempimento.isValid() ? QBrush(riempimento) : QBrush(Qt::NoBrush));
     m_pittore.drawRect(r.normalized());
     m_pittore.setBrush(Qt::NoBrush);
 }
 
+QPen DispositivoPittore::penna(const QColor &colore) const {
+    // In dots of the device whatever the scale of the page: 0 and 1 are both the thinnest line.
+    QPen p(colore, m_spessore);
+    p.setCosmetic(true);
+    return p;
+}
+
+void DispositivoPittore::spessorePenna(int punti) {
+    m_spessore = std::max(0, punti);
+}
+
 void DispositivoPittore::cerchio(QPointF centro, qreal raggio, const QColor &bordo,
                                  const QColor &riempimento) {
-    m_pittore.setPen(bordo.isValid() ? QPen(bordo, 0) : QPen(Qt::NoPen));
+    m_pittore.setPen(bordo.isValid() ? penna(bordo) : QPen(Qt::NoPen));
     m_pittore.setBrush(riempimento.isValid() ? QBrush(riempimento) : QBrush(Qt::NoBrush));
     m_pittore.drawEllipse(centro, raggio, raggio);
     m_pittore.setBrush(Qt::NoBrush);

@@ -3,6 +3,7 @@
 #include "piattaforma/dispositivodisegno.h"
 
 #include <QFont>
+#include <QPen>
 
 #include <functional>
 
@@ -26,6 +27,7 @@ public:
     void linea(QPointF da, QPointF a, const QColor &colore) override;
     void rettangolo(const QRectF &rettangolo, const QColor &bordo,
                     const QColor &riempimento) override;
+    void spessorePenna(int punti) override;
     void cerchio(QPointF centro, qreal raggio, const QColor &bordo,
                  const QColor &riempimento) override;
     void immagine(const QRectF &rettangolo, const QString &file) override;
@@ -37,7 +39,10 @@ public:
     static QFont font(const Carattere &carattere);
 
 private:
+    QPen penna(const QColor &colore) const;
+
     QPainter &m_pittore;
+    int m_spessore = 0;
     QSizeF m_pagina;
     std::function<void()> m_nuovaPagina;
 };

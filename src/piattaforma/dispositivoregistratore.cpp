@@ -58,3 +58,8 @@ int DispositivoRegistratore::conta(Operazione operazione) const {
         return c.operazione == operazione;
     }));
 }
+
+void DispositivoRegistratore::spessorePenna(int punti) {
+    // The width stands in the rectangle's width.
+    chiamate.append({Operazione::SpessorePenna, QRectF(0, 0, punti, 0), {}, {}, {}, {}, {}});
+}

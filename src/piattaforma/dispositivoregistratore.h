@@ -15,6 +15,7 @@ public:
         Rettangolo,
         Cerchio,
         Immagine,
+        SpessorePenna,
         NuovaPagina,
         FineDocumento
     };
@@ -42,6 +43,7 @@ public:
     void cerchio(QPointF centro, qreal raggio, const QColor &bordo,
                  const QColor &riempimento) override;
     void immagine(const QRectF &rettangolo, const QString &file) override;
+    void spessorePenna(int punti) override;
     void nuovaPagina() override;
     void fineDocumento() override;
     QSizeF dimensionePagina() const override { return m_pagina; }
