@@ -8,4 +8,7 @@
 class NumeriTesto {
 public:
     static qint64 valore(QStringView testo);
+    // The same reading with a fraction: the longest leading number, a point before the decimals
+    // ("-12.5 cm" is -12.5, ".5" is 0.5, "abc" is 0).
+    static double valoreReale(QStringView testo);
 };
