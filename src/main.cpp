@@ -4,12 +4,29 @@
 #include "piattaforma/dialoghiqt.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
 
+namespace {
+
+// The icon of the installed theme, so a theme can restyle it; otherwise the sizes built in.
+QIcon iconaProgramma() {
+    QIcon incorporata;
+    const QDir cartella(QStringLiteral(":/icona"));
+    for (const QString &nome : cartella.entryList(QDir::Files))
+        incorporata.addFile(cartella.filePath(nome));
+    return QIcon::fromTheme(QStringLiteral(VESPARA_ID), incorporata);
+}
+
+} // namespace
+
 int main(int argc, char *argv[]) {
     QApplication app(argc, argv);
+    QGuiApplication::setDesktopFileName(QStringLiteral(VESPARA_ID));
+    QApplication::setWindowIcon(iconaProgramma());
     // Qt's own texts (buttons of the boxes, the file dialog) in Italian, like the program's.
     QLocale::setDefault(QLocale(QLocale::Italian, QLocale::Italy));
     QTranslator traduzioneQt;
@@ -23,6 +40,8 @@ int main(int argc, char *argv[]) {
     MdiProgramma programma(CartellaDati::predefinita(), dialoghi, impostazioni, schermo);
     dialoghi.setGenitore(&programma.pannello());
     programma.pannello().resize(1280, 800);
+    // The frame's own tile gives way to the program's icon, which its screens then take.
+    programma.pannello().setWindowIcon(QApplication::windowIcon());
     QObject::connect(&programma.pannello(), &MdiPannello::chiusa, &app, &QCoreApplication::quit,
                      Qt::QueuedConnection);
     if (!programma.avvia())
