@@ -1,5 +1,6 @@
 // The export of grids to Excel: the hand-over of a grid, the layout of the workbook read back cell
-// by cell with openpyxl, the capacity of the table, the save dialog and the pop-up of the grids.
+// by cell with openpyxl, the capacity of the table, the save dialog with its proposed name and
+// folder, the note of the status bar and the pop-up of the grids.
 #include "supporto/ambienteprova.h"
 
 #include "core/statoprogramma.h"
@@ -15,6 +16,7 @@
 #include <QDate>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMap>
 #include <QMenu>
 #include <QPointer>
@@ -149,6 +151,12 @@ void preparaCelleNumerate(StatoProgramma &stato, int righe, int colonne) {
 
 const QString titoloColonne9 = u"Le colonne del 9 da giocare, alla data 01/02/2024"_s;
 
+// The folder where a save is proposed when none is remembered.
+QString cartellaIniziale() {
+    const QString documenti = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return !documenti.isEmpty() && QFileInfo(documenti).isDir() ? documenti : QDir::homePath();
+}
+
 } // namespace
 
 class TestEsportazioneExcel : public QObject {
@@ -171,6 +179,7 @@ private slots:
     void esporta_data();
     void esporta();
     void esportaTroppeRigheNonChiedeIlNome();
+    void esportaRicordaLaCartella();
     void scriviCelle();
     void menuGriglie();
     void menuGriglieSegnalaIGuasti();
@@ -474,8 +483,19 @@ void TestEsportazioneExcel::esporta() {
 
     QCOMPARE(b.d.ultimoTitoloSalvataggio, u"Specifica il nome del file..."_s);
     QCOMPARE(b.d.ultimoFiltroSalvataggio, u"Cartella di lavoro Excel (*.xlsx)"_s);
+    // The name comes from the title, the date's slashes made dashes.
+    QCOMPARE(QFileInfo(b.d.ultimaPropostaSalvataggio).fileName(),
+             u"Classifica, alla data 03-04-2024.xlsx"_s);
+    QCOMPARE(QFileInfo(b.d.ultimaPropostaSalvataggio).absolutePath(), cartellaIniziale());
     QCOMPARE(b.fileInUscita(), scritti);
     QVERIFY(b.d.boxes.isEmpty());
+    // The status bar says where the workbook went; a cancel says nothing.
+    if (scritti.isEmpty()) {
+        QCOMPARE(b.d.avvisiStato, QStringList());
+    } else {
+        QCOMPARE(b.d.avvisiStato, QStringList{u"File salvato in "_s +
+                                              QDir::toNativeSeparators(b.uscita(scritti.first()))});
+    }
     if (scritti.isEmpty() || !lettoreDisponibile())
         return;
     const std::optional<Lettura> l = leggi(b.uscita(scritti.first()));
@@ -493,6 +513,46 @@ void TestEsportazioneExcel::esportaTroppeRigheNonChiedeIlNome() {
     QCOMPARE(b.d.ultimoTitoloSalvataggio, QString());
     QCOMPARE(b.d.fileDaSalvare.size(), 1);
     QCOMPARE(b.fileInUscita(), QStringList());
+}
+
+void TestEsportazioneExcel::esportaRicordaLaCartella() {
+    Banco b;
+    EsportazioneExcel::prepara(b.stato, *griglia({{u"Formula"_s}, {u"4-1-4"_s}}),
+                               u"Riepilogo Formule, alla data 23/11/2026"_s);
+    const QString nome = u"Riepilogo Formule, alla data 23-11-2026.xlsx"_s;
+    // Cancelled: nothing is remembered.
+    EsportazioneExcel::esporta(b.stato);
+    QCOMPARE(b.d.ultimaPropostaSalvataggio, QDir(cartellaIniziale()).filePath(nome));
+    QCOMPARE(b.i.valore(Impostazioni::CartellaSalvataggi).toString(), QString());
+
+    // Saved under another name in "uscita": the next proposal is there, with the title's name.
+    QVERIFY(QDir(b.dir.path()).mkdir(u"uscita/sotto"_s));
+    const QString sotto = b.uscita(u"sotto"_s);
+    b.d.fileDaSalvare.enqueue(QDir(sotto).filePath(u"mio.xlsx"_s));
+    EsportazioneExcel::esporta(b.stato);
+    QVERIFY(QFile::exists(QDir(sotto).filePath(u"mio.xlsx"_s)));
+    QCOMPARE(b.i.valore(Impostazioni::CartellaSalvataggi).toString(), sotto);
+    EsportazioneExcel::esporta(b.stato);
+    QCOMPARE(b.d.ultimaPropostaSalvataggio, QDir(sotto).filePath(nome));
+
+    // A failed write remembers nothing and says nothing: the fault box is enough.
+    b.d.avvisiStato.clear();
+    b.d.fileDaSalvare.enqueue(b.uscita(u"manca/prova.xlsx"_s));
+    QVERIFY_THROWS_EXCEPTION(ErroreEsecuzione, EsportazioneExcel::esporta(b.stato));
+    QCOMPARE(b.i.valore(Impostazioni::CartellaSalvataggi).toString(), sotto);
+    QCOMPARE(b.d.avvisiStato, QStringList());
+
+    // The folder is gone: the proposal goes back to where it started.
+    QVERIFY(QDir(sotto).removeRecursively());
+    EsportazioneExcel::esporta(b.stato);
+    QCOMPARE(b.d.ultimaPropostaSalvataggio, QDir(cartellaIniziale()).filePath(nome));
+
+    // The folder is kept in the settings store, so another session proposes it too.
+    b.d.fileDaSalvare.enqueue(b.uscita(u"di nuovo.xlsx"_s));
+    EsportazioneExcel::esporta(b.stato);
+    Impostazioni riaperte(b.dir.filePath(u"i.ini"_s));
+    QCOMPARE(riaperte.valore(Impostazioni::CartellaSalvataggi).toString(),
+             QFileInfo(b.uscita(u"di nuovo.xlsx"_s)).absolutePath());
 }
 
 void TestEsportazioneExcel::scriviCelle() {
@@ -541,10 +601,14 @@ void TestEsportazioneExcel::menuGriglie() {
     QCOMPARE(b.d.ultimoTitoloSalvataggio, u"Specifica il nome del file..."_s);
     QCOMPARE(b.fileInUscita(), QStringList());
 
+    QCOMPARE(b.d.avvisiStato, QStringList());
+
     b.d.fileDaSalvare.enqueue(b.uscita(u"colonne"_s));
     voce->trigger();
     QCOMPARE(b.fileInUscita(), QStringList{u"colonne.xlsx"_s});
     QVERIFY(b.d.boxes.isEmpty());
+    QCOMPARE(b.d.avvisiStato, QStringList{u"File salvato in "_s +
+                                          QDir::toNativeSeparators(b.uscita(u"colonne.xlsx"_s))});
     menu->hide();
     if (!lettoreDisponibile())
         return;
@@ -569,6 +633,7 @@ void TestEsportazioneExcel::menuGriglieSegnalaIGuasti() {
     QVERIFY2(b.d.boxes.first().testo.contains(QDir::toNativeSeparators(file)),
              qPrintable(b.d.boxes.first().testo));
     QCOMPARE(b.fileInUscita(), QStringList());
+    QCOMPARE(b.d.avvisiStato, QStringList());
 }
 
 void TestEsportazioneExcel::menuGriglieDistrutto() {

@@ -1,9 +1,9 @@
 #include "cornice/mdipannello.h"
 
 #include "core/colonna.h"
-#include "cornice/mdiattesa.h"
 #include "core/mdistile.h"
 #include "core/statoprogramma.h"
+#include "cornice/mdiattesa.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
 #include "piattaforma/impostazioni.h"
@@ -23,6 +23,7 @@
 #include <QMenuBar>
 #include <QPainter>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
 #include <QUrl>
@@ -207,6 +208,10 @@ MdiPannello::MdiPannello(StatoProgramma &stato)
     creaMenu();
     creaBarra();
     aggiornaAbilitazioni();
+    // The program's notes, such as where a file went, stand in the status bar for a while.
+    statusBar()->setObjectName(u"BarraStato"_s);
+    m_stato.dialoghi().setGestoreStato(
+        [this](const QString &testo) { statusBar()->showMessage(testo, DurataAvvisoStato); });
     m_attesa = new MdiAttesa(m_stato.rete(), this);
     m_geometria = new QTimer(this);
     m_geometria->setSingleShot(true);
@@ -218,6 +223,7 @@ MdiPannello::MdiPannello(StatoProgramma &stato)
 }
 
 MdiPannello::~MdiPannello() {
+    m_stato.dialoghi().setGestoreStato({});
     m_stato.setRegistro(nullptr);
 }
 

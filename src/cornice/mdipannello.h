@@ -69,6 +69,9 @@ public:
     // What the frame does while the program waits for the network.
     MdiAttesa *attesa() const { return m_attesa; }
 
+    // How long a note of the program (Dialoghi::avvisoStato) stays in the status bar, in ms.
+    static constexpr int DurataAvvisoStato = 30000;
+
 signals:
     // The frame became the active window, also back from another application.
     void attivata();

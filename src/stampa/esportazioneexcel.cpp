@@ -202,13 +202,16 @@ void EsportazioneExcel::scriviCelle(const QString &percorso, const QList<QString
 void EsportazioneExcel::esporta(StatoProgramma &stato) {
     // The table is checked first: a fault doesn't ask the user for a name in vain.
     const QList<QStringList> celle = foglio(stato);
-    QString percorso = stato.dialoghi().salvaFile(titoloDialogo(), filtroDialogo());
+    QString percorso =
+        stato.dialoghi().salvaFile(stato.impostazioni(), titoloDialogo(), filtroDialogo(),
+                                   Dialoghi::nomeFile(stato.TitoloEsportazione, u"xlsx"_s));
     if (percorso.isEmpty())
         return;
     // The desktop's dialog doesn't always add the suffix of the filter.
     if (QFileInfo(percorso).suffix().isEmpty())
         percorso += percorso.endsWith(u'.') ? u"xlsx"_s : u".xlsx"_s;
     scriviCelle(percorso, celle);
+    stato.dialoghi().fileSalvato(stato.impostazioni(), percorso);
 }
 
 QString EsportazioneExcel::titoloDialogo() {

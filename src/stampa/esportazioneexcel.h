@@ -41,8 +41,9 @@ public:
     // is a run-time fault naming the file; a half-written file is removed.
     static void scriviCelle(const QString &percorso, const QList<QStringList> &righe);
 
-    // mnuExcel: asks for the file name and writes the workbook; nothing is written when the user
-    // cancels. A name without a suffix gets ".xlsx".
+    // mnuExcel: asks for the file name, proposing one made from the title in the folder of the
+    // last file saved, and writes the workbook; nothing is written when the user cancels. A name
+    // without a suffix gets ".xlsx". Once written, the status bar says where the file went.
     static void esporta(StatoProgramma &stato);
     static QString titoloDialogo();
     static QString filtroDialogo();
