@@ -31,7 +31,6 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QStandardPaths>
-#include <QStatusBar>
 #include <QTest>
 #include <QTimer>
 
@@ -95,7 +94,7 @@ public:
 
     QString pdf() const { return uscita.filePath(u"stampa.pdf"_s); }
     // What the status bar of the frame says, and the note it would say after saving `file`.
-    QString barraDiStato() const { return a.pannello().statusBar()->currentMessage(); }
+    QString barraDiStato() const { return a.pannello().avvisoStato(); }
     static QString salvato(const QString &file) {
         return u"File salvato in "_s + QDir::toNativeSeparators(file);
     }

@@ -208,10 +208,7 @@ MdiPannello::MdiPannello(StatoProgramma &stato)
     creaMenu();
     creaBarra();
     aggiornaAbilitazioni();
-    // The program's notes, such as where a file went, stand in the status bar for a while.
-    statusBar()->setObjectName(u"BarraStato"_s);
-    m_stato.dialoghi().setGestoreStato(
-        [this](const QString &testo) { statusBar()->showMessage(testo, DurataAvvisoStato); });
+    creaBarraStato();
     m_attesa = new MdiAttesa(m_stato.rete(), this);
     m_geometria = new QTimer(this);
     m_geometria->setSingleShot(true);
@@ -321,6 +318,31 @@ void MdiPannello::creaCruscotto() {
     colonna->addWidget(picUltima);
     colonna->addWidget(m_area, 1);
     setCentralWidget(centrale);
+}
+
+void MdiPannello::creaBarraStato() {
+    // The program's notes, such as where a file went, stand in the status bar for a while. They
+    // have a label of their own, so that the status tips of menus pass over them without wiping
+    // them, and the user can select the path to copy it.
+    QStatusBar *barra = statusBar();
+    barra->setObjectName(u"BarraStato"_s);
+    m_lblAvviso = new QLabel(barra);
+    m_lblAvviso->setObjectName(u"lblAvviso"_s);
+    m_lblAvviso->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    barra->addWidget(m_lblAvviso, 1);
+    auto *scadenza = new QTimer(this);
+    scadenza->setObjectName(u"tmrAvviso"_s);
+    scadenza->setSingleShot(true);
+    scadenza->setInterval(DurataAvvisoStato);
+    connect(scadenza, &QTimer::timeout, m_lblAvviso, &QLabel::clear);
+    m_stato.dialoghi().setGestoreStato([this, scadenza](const QString &testo) {
+        m_lblAvviso->setText(testo);
+        scadenza->start();
+    });
+}
+
+QString MdiPannello::avvisoStato() const {
+    return m_lblAvviso->text();
 }
 
 void MdiPannello::creaMenu() {

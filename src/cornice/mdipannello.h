@@ -71,6 +71,8 @@ public:
 
     // How long a note of the program (Dialoghi::avvisoStato) stays in the status bar, in ms.
     static constexpr int DurataAvvisoStato = 30000;
+    // The note shown now; empty when there is none.
+    QString avvisoStato() const;
 
 signals:
     // The frame became the active window, also back from another application.
@@ -87,6 +89,7 @@ protected:
 
 private:
     void creaCruscotto();
+    void creaBarraStato();
     void creaMenu();
     void creaBarra();
     void eseguiAzione(const QString &nome);
@@ -104,6 +107,7 @@ private:
     QLabel *m_lblData = nullptr;
     QLabel *m_lblDati9 = nullptr;
     QLabel *m_lblDati = nullptr;
+    QLabel *m_lblAvviso = nullptr;
     QPushButton *m_imgComm = nullptr;
     QTimer *m_timer1 = nullptr;
     std::array<QLabel *, 4> m_pic{};
