@@ -1,13 +1,15 @@
 // The outputs of the screens as a user meets them: the list of the 9 in the preview and on paper
 // (a PDF file here), the pages and the zoom of the preview, the print of a range and its cancel,
-// the export of the grids, the prints of the signs panel and of the archive.
+// the print to a PDF file chosen in the print dialog, the export of the grids, the prints of the
+// signs panel and of the archive, and the status bar of the frame saying where a file went.
 #include "supporto/ambienteprova.h"
 
 #include "analisi/frmcolonne9.h"
 #include "analisi/frmpannellosegni.h"
-#include "cornice/mdipannello.h"
 #include "core/statoprogramma.h"
+#include "cornice/mdipannello.h"
 #include "piattaforma/griglia.h"
+#include "piattaforma/impostazioni.h"
 #include "piattaforma/vistagriglia.h"
 #include "stampa/documentopagine.h"
 #include "stampa/frmanteprima.h"
@@ -15,11 +17,15 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDate>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QLabel>
 #include <QMenu>
+#include <QPrinter>
+#include <QPrinterInfo>
 #include <QProcess>
 #include <QProgressBar>
 #include <QPushButton>
@@ -87,6 +93,11 @@ public:
     FrmColonne9 *frm = nullptr;
 
     QString pdf() const { return uscita.filePath(u"stampa.pdf"_s); }
+    // What the status bar of the frame says, and the note it would say after saving `file`.
+    QString barraDiStato() const { return a.pannello().avvisoStato(); }
+    static QString salvato(const QString &file) {
+        return u"File salvato in "_s + QDir::toNativeSeparators(file);
+    }
     bool apriColonne9() {
         if (!a.avvia())
             return false;
@@ -122,6 +133,9 @@ private slots:
     void stampaDiUnIntervalloInPdf();
     void domandaDaPaginaMaggiore();
     void annullaDuranteLaStampa();
+    void stampaSuFileSceltoNelDialogo();
+    void stampaSenzaStampanti();
+    void stampaNonRiuscitaNonDiceNulla();
     void esportazioneDelleColonne();
     void esportaDallAnteprima();
     void anteprimaVuotaEOrizzontale();
@@ -203,6 +217,9 @@ void TstAnteprima::stampaDiUnIntervalloInPdf() {
     QCOMPARE(b.a.dialoghi.testi(),
              QStringList{u"Vuoi effettuare la stampa\n\tda pagina 2\n\talla pagina 3?"_s});
     QCOMPARE(paginePdf(b.pdf()), 2);
+    // The status bar of the frame says where the pages went.
+    QCOMPARE(b.a.dialoghi.avvisiStato, QStringList{Banco::salvato(b.pdf())});
+    QCOMPARE(b.barraDiStato(), Banco::salvato(b.pdf()));
 
     // The same pages on a picture: text stands where the list is (x 2.6 cm, y 4.7 cm).
     const QString prefisso = b.uscita.filePath(u"pagina"_s);
@@ -237,6 +254,8 @@ void TstAnteprima::domandaDaPaginaMaggiore() {
     cerca<QAction>(p, u"Stampa"_s)->trigger();
     QCOMPARE(b.a.dialoghi.testi(), QStringList{u"Vuoi effettuare la stampa\ndella pagina 3?"_s});
     QVERIFY(!QFile::exists(b.pdf()));
+    QCOMPARE(b.a.dialoghi.avvisiStato, QStringList());
+    QCOMPARE(b.barraDiStato(), QString());
     // "Seleziona la pagina visualizzata" takes the page of the preview for both ends.
     cerca<QAction>(p, u"Ultima"_s)->trigger();
     QString da, a;
@@ -275,6 +294,120 @@ void TstAnteprima::annullaDuranteLaStampa() {
     cerca<QAction>(p, u"Stampa"_s)->trigger();
     const int stampate = paginePdf(b.pdf());
     QVERIFY2(stampate >= 1 && stampate < 29, qPrintable(QString::number(stampate)));
+    // The pages printed before the cancel are in the file, and the status bar says where.
+    QCOMPARE(b.a.dialoghi.avvisiStato, QStringList{Banco::salvato(b.pdf())});
+}
+
+void TstAnteprima::stampaSuFileSceltoNelDialogo() {
+    if (QStandardPaths::findExecutable(u"pdfinfo"_s).isEmpty())
+        QSKIP("pdfinfo (poppler-utils) non è installato");
+    Banco b;
+    QVERIFY(b.apriColonne9());
+    // No file set by the program: the user chooses one in the print dialog.
+    b.a.stato().FileStampaPdf.clear();
+    const QString cartella = b.uscita.filePath(u"ultima"_s);
+    QVERIFY(QDir().mkpath(cartella));
+    b.a.impostazioni().imposta(Impostazioni::CartellaSalvataggi, cartella);
+    FrmAnteprima *p = b.anteprimaDi333();
+    QVERIFY(p);
+    const QString scelto = b.uscita.filePath(u"scelta/colonne.pdf"_s);
+    QVERIFY(QDir().mkpath(QFileInfo(scelto).absolutePath()));
+    QString proposto;
+    QString nomeLavoro;
+    b.a.dialoghi.nelDialogoStampa = [&](QPrinter &stampante) {
+        proposto = stampante.outputFileName();
+        nomeLavoro = stampante.docName();
+        // A cancelled dialog leaves the printer as it was.
+        if (b.a.dialoghi.risposteStampa.isEmpty() || b.a.dialoghi.risposteStampa.head())
+            stampante.setOutputFileName(scelto);
+    };
+
+    // "Stampante", then a cancel of the dialog: nothing chosen, nothing printed, nothing said.
+    b.a.dialoghi.risposteStampa.enqueue(false);
+    quandoAppareStampa([](QWidget *w) {
+        QTest::mouseClick(cerca<QPushButton>(w, u"Command3"_s), Qt::LeftButton);
+        QTest::mouseClick(cerca<QPushButton>(w, u"Command2"_s), Qt::LeftButton);
+    });
+    cerca<QAction>(p, u"Stampa"_s)->trigger();
+    QCOMPARE(b.a.dialoghi.dialoghiStampa, 1);
+    QVERIFY(!QFile::exists(scelto));
+    QCOMPARE(b.a.dialoghi.avvisiStato, QStringList());
+
+    // "Stampante", the PDF file named there, then "Stampa": the dialog isn't asked again.
+    b.a.dialoghi.risposte.enqueue(true);
+    quandoAppareStampa([](QWidget *w) {
+        QTest::mouseClick(cerca<QPushButton>(w, u"Command3"_s), Qt::LeftButton);
+        cerca<QComboBox>(w, u"ePag"_s)->setCurrentIndex(0);
+        QTest::mouseClick(cerca<QPushButton>(w, u"Command1"_s), Qt::LeftButton);
+    });
+    cerca<QAction>(p, u"Stampa"_s)->trigger();
+    QCOMPARE(b.a.dialoghi.dialoghiStampa, 2);
+    QCOMPARE(paginePdf(scelto), 1);
+    const QString oggi = QDate::currentDate().toString(u"dd-MM-yyyy"_s);
+    QCOMPARE(nomeLavoro, u"Stampa Vespara, alla data "_s + oggi);
+    // With no printer on the system the dialog opens on a PDF file named after the print, in
+    // the folder of the last file saved.
+    if (QPrinterInfo::availablePrinterNames().isEmpty())
+        QCOMPARE(proposto,
+                 QDir(cartella).filePath(u"Stampa Vespara, alla data "_s + oggi + u".pdf"_s));
+    QCOMPARE(b.a.dialoghi.avvisiStato, QStringList{Banco::salvato(scelto)});
+    QCOMPARE(b.barraDiStato(), Banco::salvato(scelto));
+    QCOMPARE(b.a.impostazioni().valore(Impostazioni::CartellaSalvataggi).toString(),
+             QFileInfo(scelto).absolutePath());
+    AmbienteProva::fotografa(&b.a.pannello(), u"cornice-file-salvato"_s);
+}
+
+void TstAnteprima::stampaSenzaStampanti() {
+    if (!QPrinterInfo::availablePrinterNames().isEmpty())
+        QSKIP("il sistema ha una stampante: la stampa andrebbe a quella");
+    if (QStandardPaths::findExecutable(u"pdfinfo"_s).isEmpty())
+        QSKIP("pdfinfo (poppler-utils) non è installato");
+    Banco b;
+    QVERIFY(b.a.avvia());
+    b.a.impostazioni().imposta(Impostazioni::CartellaSalvataggi, b.uscita.path());
+    auto *panel =
+        qobject_cast<FrmPannelloSegni *>(b.a.pannello().trovaSchermo(u"frmPannelloSegni"_s));
+    QVERIFY(panel);
+    // The user confirms the dialog as it opens: the PDF file it proposes.
+    const QString proposto = b.uscita.filePath(u"Statistiche delle 27 Terzine.pdf"_s);
+    b.a.dialoghi.risposte.enqueue(true);
+    QTest::mouseClick(cerca<QPushButton>(panel, u"imgStampa"_s), Qt::LeftButton);
+    QCOMPARE(b.a.dialoghi.dialoghiStampa, 1);
+    QCOMPARE(paginePdf(proposto), 1);
+    QCOMPARE(b.a.dialoghi.avvisiStato, QStringList{Banco::salvato(proposto)});
+    QCOMPARE(b.barraDiStato(), Banco::salvato(proposto));
+    // Cancelled: no file, no word.
+    b.a.dialoghi.svuota();
+    b.a.dialoghi.risposte.enqueue(true);
+    b.a.dialoghi.risposteStampa.enqueue(false);
+    cerca<QComboBox>(panel, u"cmbStampa"_s)->setCurrentIndex(2);
+    QTest::mouseClick(cerca<QPushButton>(panel, u"imgStampa"_s), Qt::LeftButton);
+    QCOMPARE(b.a.dialoghi.dialoghiStampa, 2);
+    QVERIFY(!QFile::exists(b.uscita.filePath(u"Statistiche delle 27 Coppie finali.pdf"_s)));
+    QCOMPARE(b.a.dialoghi.avvisiStato, QStringList());
+}
+
+void TstAnteprima::stampaNonRiuscitaNonDiceNulla() {
+    Banco b;
+    QVERIFY(b.apriColonne9());
+    // A file in a folder that isn't there: the print can't start.
+    b.a.stato().FileStampaPdf = b.uscita.filePath(u"manca/stampa.pdf"_s);
+    FrmAnteprima *p = b.anteprimaDi333();
+    QVERIFY(p);
+    b.a.dialoghi.risposte.enqueue(true);
+    quandoAppareStampa([](QWidget *w) {
+        QTest::mouseClick(cerca<QPushButton>(w, u"Command1"_s), Qt::LeftButton);
+        // The fault leaves the print window open; the user closes it.
+        if (w->isVisible())
+            QTest::mouseClick(cerca<QPushButton>(w, u"Command2"_s), Qt::LeftButton);
+    });
+    cerca<QAction>(p, u"Stampa"_s)->trigger();
+    QCOMPARE(b.a.dialoghi.boxes.size(), 2);
+    QCOMPARE(b.a.dialoghi.boxes.last().tipo, Dialoghi::Tipo::Critico);
+    QVERIFY2(b.a.dialoghi.boxes.last().testo.contains(u"Impossibile avviare la stampa"_s),
+             qPrintable(b.a.dialoghi.boxes.last().testo));
+    QCOMPARE(b.a.dialoghi.avvisiStato, QStringList());
+    QCOMPARE(b.barraDiStato(), QString());
 }
 
 void TstAnteprima::esportazioneDelleColonne() {
@@ -311,6 +444,16 @@ void TstAnteprima::esportazioneDelleColonne() {
     b.a.pannello().findChild<QAction *>(u"mnuExcel"_s)->trigger();
     QVERIFY(QFile::exists(xlsx));
     QCOMPARE(b.a.dialoghi.ultimoTitoloSalvataggio, u"Specifica il nome del file..."_s);
+    // The name proposed is the title's, the date written with dashes.
+    const QString proposto = QFileInfo(b.a.dialoghi.ultimaPropostaSalvataggio).fileName();
+    QVERIFY2(QRegularExpression(
+                 u"^Le colonne del 9 da giocare, alla data \\d\\d-\\d\\d-\\d{4}\\.xlsx$"_s)
+                 .match(proposto)
+                 .hasMatch(),
+             qPrintable(proposto));
+    // The status bar of the frame says where the workbook went.
+    QCOMPARE(b.a.dialoghi.avvisiStato, QStringList{Banco::salvato(xlsx)});
+    QCOMPARE(b.barraDiStato(), Banco::salvato(xlsx));
 }
 
 void TstAnteprima::esportaDallAnteprima() {
@@ -366,10 +509,13 @@ void TstAnteprima::stampeDelPannello() {
     QTest::mouseClick(imgStampa, Qt::LeftButton);
     QCOMPARE(b.a.dialoghi.testi(), QStringList{u"Confermi la stampa delle Terzine?"_s});
     QVERIFY(!QFile::exists(b.pdf()));
-    // Yes: the grid of the terzine on one page.
+    QCOMPARE(b.a.dialoghi.avvisiStato, QStringList());
+    // Yes: the grid of the terzine on one page, and the status bar says where it went.
     b.a.dialoghi.risposte.enqueue(true);
     QTest::mouseClick(imgStampa, Qt::LeftButton);
     QCOMPARE(paginePdf(b.pdf()), 1);
+    QCOMPARE(b.a.dialoghi.avvisiStato, QStringList{Banco::salvato(b.pdf())});
+    QCOMPARE(b.barraDiStato(), Banco::salvato(b.pdf()));
     if (const QString foto = qEnvironmentVariable("VESPARA_FOTO"); !foto.isEmpty())
         QProcess::execute(u"pdftoppm"_s, {u"-r"_s, u"60"_s, u"-png"_s, u"-singlefile"_s, b.pdf(),
                                           QDir(foto).filePath(u"stampa-terzine"_s)});

@@ -1,5 +1,7 @@
 // The export of grids to Excel: the hand-over of a grid, the layout of the workbook read back cell
-// by cell with openpyxl, the capacity of the table, the save dialog and the pop-up of the grids.
+// by cell with openpyxl (numbers and texts, column widths, the frozen header), the capacity of the
+// table, the save dialog with its proposed name and folder, the note of the status bar and the
+// pop-up of the grids.
 #include "supporto/ambienteprova.h"
 
 #include "core/statoprogramma.h"
@@ -15,6 +17,7 @@
 #include <QDate>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMap>
 #include <QMenu>
 #include <QPointer>
@@ -24,6 +27,7 @@
 #include <QtTest>
 #include <QWidget>
 
+#include <cmath>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -51,10 +55,14 @@ struct Banco {
     }
 };
 
-// The cells of the first worksheet as openpyxl reads them: value and type ('s' text, 'n' number).
+// The cells of the first worksheet as openpyxl reads them: value and type ('s' text, 'n' number);
+// the top left cell of the frozen panes ("-" for none) and the widths that columns have of their
+// own, by column letter.
 struct Lettura {
     QMap<QString, QString> valori;
     QMap<QString, QString> tipi;
+    QString riquadro;
+    QMap<QString, double> larghezze;
 };
 
 // The python3 that has openpyxl: the one on the PATH, else the system's (a PATH may put a
@@ -89,7 +97,8 @@ bool lettoreDisponibile() {
 
 std::optional<Lettura> leggi(const QString &file) {
     QProcess p;
-    p.start(interprete(), {AmbienteProva::datiProva() + u"/leggi_xlsx.py"_s, u"--tipi"_s, file});
+    p.start(interprete(), {AmbienteProva::datiProva() + u"/leggi_xlsx.py"_s, u"--tipi"_s,
+                           u"--impaginazione"_s, file});
     if (!p.waitForFinished(120000) || p.exitStatus() != QProcess::NormalExit || p.exitCode() != 0) {
         qWarning("leggi_xlsx.py: %s", p.readAllStandardError().constData());
         return std::nullopt;
@@ -99,6 +108,18 @@ std::optional<Lettura> leggi(const QString &file) {
     for (const QString &riga : righe) {
         if (riga.isEmpty())
             continue;
+        const QStringList campi = riga.split(u'\t');
+        if (campi.first() == u"!riquadro"_s && campi.size() == 2) {
+            l.riquadro = campi.at(1);
+            continue;
+        }
+        if (campi.first() == u"!larghezza"_s && campi.size() == 3) {
+            bool ok = false;
+            l.larghezze.insert(campi.at(1), campi.at(2).toDouble(&ok));
+            if (!ok)
+                return std::nullopt;
+            continue;
+        }
         const qsizetype t1 = riga.indexOf(u'\t');
         const qsizetype t2 = riga.indexOf(u'\t', t1 + 1);
         if (t1 < 0 || t2 < 0)
@@ -149,6 +170,88 @@ void preparaCelleNumerate(StatoProgramma &stato, int righe, int colonne) {
 
 const QString titoloColonne9 = u"Le colonne del 9 da giocare, alla data 01/02/2024"_s;
 
+// The folder where a save is proposed when none is remembered.
+QString cartellaIniziale() {
+    const QString documenti = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return !documenti.isEmpty() && QFileInfo(documenti).isDir() ? documenti : QDir::homePath();
+}
+
+// The cells of a sheet that tell numbers from texts: each in its column (0 is A), with the type
+// and the value that openpyxl reads back. Column A holds counters and other texts; B is a column
+// of the 9, C one of single signs stacked over their counts as in the signs panel, D one with a
+// terzina, E a column of the 14.
+struct CasoTipo {
+    int colonna;
+    QString testo;
+    QString tipo;
+    QString valore;
+};
+
+const QList<CasoTipo> &casiTipo() {
+    static const QList<CasoTipo> casi = {
+        {0, u"-12"_s, u"n"_s, u"-12"_s},
+        {0, u"0"_s, u"n"_s, u"0"_s},
+        {0, u"12"_s, u"n"_s, u"12"_s},
+        {0, u" 12"_s, u"n"_s, u"12"_s},
+        {0, u"  7  "_s, u"n"_s, u"7"_s},
+        {0, u"3.5"_s, u"n"_s, u"3.5"_s},
+        {0, u"3,5"_s, u"n"_s, u"3.5"_s},
+        {0, u"-0,25"_s, u"n"_s, u"-0.25"_s},
+        {0, u"-0"_s, u"n"_s, u"0"_s},
+        {0, u"123456789012345"_s, u"n"_s, u"123456789012345"_s},
+        {0, u"1234567890123456"_s, u"s"_s, u"1234567890123456"_s},
+        {0, u"+5"_s, u"s"_s, u"+5"_s},
+        {0, u"-"_s, u"s"_s, u"-"_s},
+        {0, u"007"_s, u"s"_s, u"007"_s},
+        {0, u"1e5"_s, u"s"_s, u"1e5"_s},
+        {0, u"inf"_s, u"s"_s, u"inf"_s},
+        {0, u"nan"_s, u"s"_s, u"nan"_s},
+        {0, u"1.234.567"_s, u"s"_s, u"1.234.567"_s},
+        {0, u",5"_s, u"s"_s, u",5"_s},
+        {0, u"12bis"_s, u"s"_s, u"12bis"_s},
+        {0, u"(12)"_s, u"s"_s, u"(12)"_s},
+        {1, u"111111111"_s, u"s"_s, u"111111111"_s},
+        {1, u"1X21X21X2"_s, u"s"_s, u"1X21X21X2"_s},
+        {1, u"222222222"_s, u"s"_s, u"222222222"_s},
+        {2, u"1"_s, u"n"_s, u"1"_s},
+        {2, u"X"_s, u"s"_s, u"X"_s},
+        {2, u"2"_s, u"n"_s, u"2"_s},
+        {2, u" 15"_s, u"n"_s, u"15"_s},
+        {3, u"1X2"_s, u"s"_s, u"1X2"_s},
+        {3, u"12"_s, u"s"_s, u"12"_s},
+        {4, u"21112212212112"_s, u"s"_s, u"21112212212112"_s},
+    };
+    return casi;
+}
+
+// The sheet of casiTipo() written once and read back: each case in its column, one row down
+// from the one before it in that column.
+struct FoglioTipi {
+    QTemporaryDir dir;
+    std::optional<Lettura> lettura;
+    QList<QString> celle; // the cell of each case
+};
+
+const FoglioTipi &foglioTipi() {
+    static FoglioTipi foglio = [] {
+        FoglioTipi f;
+        QList<QStringList> righe;
+        QList<int> prossima(5, 0);
+        for (const CasoTipo &caso : casiTipo()) {
+            const int r = prossima[caso.colonna]++;
+            if (righe.size() <= r)
+                righe.resize(r + 1, QStringList(5));
+            righe[r][caso.colonna] = caso.testo;
+            f.celle.append(lettere(caso.colonna) + QString::number(r + 1));
+        }
+        const QString file = f.dir.filePath(u"tipi.xlsx"_s);
+        EsportazioneExcel::scriviCelle(file, righe);
+        f.lettura = leggi(file);
+        return f;
+    }();
+    return foglio;
+}
+
 } // namespace
 
 class TestEsportazioneExcel : public QObject {
@@ -159,6 +262,14 @@ private slots:
     void preparaLimiteColonne_data();
     void preparaLimiteColonne();
     void oggi();
+    void numeroSemplice_data();
+    void numeroSemplice();
+    void sequenzaDiSegni_data();
+    void sequenzaDiSegni();
+    void larghezzeColonne_data();
+    void larghezzeColonne();
+    void tipiDelleCelle_data();
+    void tipiDelleCelle();
     void testoIntestazioni_data();
     void testoIntestazioni();
     void cartellaDiUnaTabella();
@@ -171,6 +282,7 @@ private slots:
     void esporta_data();
     void esporta();
     void esportaTroppeRigheNonChiedeIlNome();
+    void esportaRicordaLaCartella();
     void scriviCelle();
     void menuGriglie();
     void menuGriglieSegnalaIGuasti();
@@ -257,6 +369,136 @@ void TestEsportazioneExcel::oggi() {
     QVERIFY(letta == QDate::currentDate() || letta.addDays(1) == QDate::currentDate());
 }
 
+void TestEsportazioneExcel::numeroSemplice_data() {
+    QTest::addColumn<QString>("testo");
+    QTest::addColumn<bool>("numero");
+    QTest::addColumn<double>("valore");
+
+    QTest::newRow("negativo") << u"-12"_s << true << -12.0;
+    QTest::newRow("zero") << u"0"_s << true << 0.0;
+    QTest::newRow("intero") << u"12"_s << true << 12.0;
+    QTest::newRow("con il posto del segno") << u" 12"_s << true << 12.0;
+    QTest::newRow("tra spazi e tabulazioni") << u"\t 12 \t"_s << true << 12.0;
+    QTest::newRow("decimale col punto") << u"3.5"_s << true << 3.5;
+    QTest::newRow("decimale con la virgola") << u"3,5"_s << true << 3.5;
+    QTest::newRow("decimale negativo") << u"-0,25"_s << true << -0.25;
+    QTest::newRow("zero negativo") << u"-0"_s << true << 0.0;
+    QTest::newRow("zeri finali") << u"3,50"_s << true << 3.5;
+    QTest::newRow("15 cifre") << u"123456789012345"_s << true << 123456789012345.0;
+    QTest::newRow("15 cifre con decimali") << u"1234567890,12345"_s << true << 1234567890.12345;
+    QTest::newRow("16 cifre") << u"1234567890123456"_s << false << 0.0;
+    QTest::newRow("16 cifre con decimali") << u"12345678901,12345"_s << false << 0.0;
+    QTest::newRow("segno più") << u"+5"_s << false << 0.0;
+    QTest::newRow("solo il meno") << u"-"_s << false << 0.0;
+    QTest::newRow("vuoto") << QString() << false << 0.0;
+    QTest::newRow("solo spazi") << u"   "_s << false << 0.0;
+    QTest::newRow("zeri iniziali") << u"007"_s << false << 0.0;
+    QTest::newRow("doppio zero") << u"00"_s << false << 0.0;
+    QTest::newRow("zeri iniziali negativo") << u"-07"_s << false << 0.0;
+    QTest::newRow("esponente") << u"1e5"_s << false << 0.0;
+    QTest::newRow("infinito") << u"inf"_s << false << 0.0;
+    QTest::newRow("non numero") << u"nan"_s << false << 0.0;
+    QTest::newRow("separatori delle migliaia") << u"1.234.567"_s << false << 0.0;
+    QTest::newRow("punto finale") << u"1."_s << false << 0.0;
+    QTest::newRow("senza parte intera") << u",5"_s << false << 0.0;
+    QTest::newRow("spazio in mezzo") << u"1 000"_s << false << 0.0;
+    QTest::newRow("numero e testo") << u"12bis"_s << false << 0.0;
+    QTest::newRow("tra parentesi") << u"(12)"_s << false << 0.0;
+    QTest::newRow("segni") << u"1X2"_s << false << 0.0;
+    QTest::newRow("cifre arabe") << u"\u0661\u0662"_s << false << 0.0;
+}
+
+void TestEsportazioneExcel::numeroSemplice() {
+    QFETCH(QString, testo);
+    QFETCH(bool, numero);
+    QFETCH(double, valore);
+    const std::optional<double> letto = Griglia::numeroSemplice(testo);
+    QCOMPARE(letto.has_value(), numero);
+    if (numero) {
+        QCOMPARE(*letto, valore);
+        QVERIFY(!std::signbit(*letto) || valore < 0);
+    }
+}
+
+void TestEsportazioneExcel::sequenzaDiSegni_data() {
+    QTest::addColumn<QString>("testo");
+    QTest::addColumn<bool>("sequenza");
+
+    QTest::newRow("terzina") << u"1X2"_s << true;
+    QTest::newRow("coppia con la X") << u"XX"_s << true;
+    QTest::newRow("cinquina") << u"2X112"_s << true;
+    QTest::newRow("colonna del 9") << u"1X21X21X2"_s << true;
+    QTest::newRow("colonna del 9 senza X") << u"112112112"_s << true;
+    QTest::newRow("colonna del 14 senza X") << u"21112212212112"_s << true;
+    QTest::newRow("otto segni senza X") << u"11211211"_s << false;
+    QTest::newRow("un segno") << u"X"_s << false;
+    QTest::newRow("uno") << u"1"_s << false;
+    QTest::newRow("un numero di 1 e 2") << u"12"_s << false;
+    QTest::newRow("x minuscola") << u"1x2"_s << false;
+    QTest::newRow("con spazi") << u"1X2 1X2 1X2"_s << false;
+    QTest::newRow("altro segno") << u"1X3"_s << false;
+    QTest::newRow("vuoto") << QString() << false;
+}
+
+void TestEsportazioneExcel::sequenzaDiSegni() {
+    QFETCH(QString, testo);
+    QFETCH(bool, sequenza);
+    QCOMPARE(EsportazioneExcel::sequenzaDiSegni(testo), sequenza);
+}
+
+void TestEsportazioneExcel::larghezzeColonne_data() {
+    QTest::addColumn<QList<QStringList>>("righe");
+    QTest::addColumn<QList<int>>("escluse");
+    QTest::addColumn<QList<double>>("attese");
+
+    // 1.1 characters a character, rounded up, and 2 more; 4 at least, 60 at most.
+    QTest::newRow("secondo il testo più lungo") << QList<QStringList>{{u"Squadra"_s, u"Punti"_s},
+                                                                      {u"Roma"_s, u"40"_s},
+                                                                      {u"Fiorentina"_s, u"7"_s}}
+                                                << QList<int>() << QList<double>{13, 8};
+    QTest::newRow("spazi ai bordi non contano")
+        << QList<QStringList>{{u"   12   "_s, u" ab"_s, u"abc"_s}} << QList<int>()
+        << QList<double>{5, 5, 6};
+    QTest::newRow("minimo") << QList<QStringList>{{u"1"_s}} << QList<int>() << QList<double>{4};
+    QTest::newRow("massimo") << QList<QStringList>{{QString(200, u'x')}} << QList<int>()
+                             << QList<double>{60};
+    QTest::newRow("colonna vuota: larghezza del foglio")
+        << QList<QStringList>{{u""_s, u"abc"_s}, {u"  "_s}} << QList<int>() << QList<double>{0, 6};
+    QTest::newRow("righe escluse")
+        << QList<QStringList>{{QString(80, u't')},
+                              {},
+                              {QString(300, u'h'), QString(300, u'h'), QString(300, u'h')},
+                              {u"(19683)"_s, u"1X21X21X2"_s}}
+        << QList<int>{0, 2} << QList<double>{10, 12, 0};
+    QTest::newRow("nessuna riga") << QList<QStringList>() << QList<int>() << QList<double>();
+}
+
+void TestEsportazioneExcel::larghezzeColonne() {
+    QFETCH(QList<QStringList>, righe);
+    QFETCH(QList<int>, escluse);
+    QFETCH(QList<double>, attese);
+    QCOMPARE(EsportazioneExcel::larghezzeColonne(righe, escluse), attese);
+}
+
+void TestEsportazioneExcel::tipiDelleCelle_data() {
+    QTest::addColumn<int>("caso");
+    for (int i = 0; i < casiTipo().size(); ++i) {
+        const CasoTipo &c = casiTipo().at(i);
+        QTest::addRow("%c: \"%s\"", char('A' + c.colonna), qPrintable(c.testo)) << i;
+    }
+}
+
+void TestEsportazioneExcel::tipiDelleCelle() {
+    RICHIEDE_LETTORE();
+    QFETCH(int, caso);
+    const FoglioTipi &foglio = foglioTipi();
+    QVERIFY(foglio.lettura);
+    const CasoTipo &c = casiTipo().at(caso);
+    const QString cella = foglio.celle.at(caso);
+    QCOMPARE(foglio.lettura->tipi.value(cella), c.tipo);
+    QCOMPARE(foglio.lettura->valori.value(cella), c.valore);
+}
+
 void TestEsportazioneExcel::testoIntestazioni_data() {
     QTest::addColumn<QStringList>("intestazioni");
     QTest::addColumn<QString>("atteso");
@@ -307,7 +549,7 @@ void TestEsportazioneExcel::cartellaDiUnaTabella() {
     for (int c = 0; c < 243; ++c)
         attese.insert(lettere(c) + u"3"_s, intestazione);
     attese.insert(u"A4"_s, u"a"_s);
-    attese.insert(u"C4"_s, u" 12"_s);
+    attese.insert(u"C4"_s, u"12"_s);
     attese.insert(u"A5"_s, u"Lunedì"_s);
     attese.insert(u"B5"_s, u"007"_s);
     attese.insert(u"C5"_s, u"x"_s);
@@ -318,9 +560,23 @@ void TestEsportazioneExcel::cartellaDiUnaTabella() {
     QVERIFY(!l->valori.contains(u"B4"_s));
     // Nothing more and nothing less, so empty cells stayed empty.
     QCOMPARE(l->valori, attese);
-    // Texts that look like numbers stay texts.
-    QCOMPARE(l->tipi.value(u"C4"_s), u"s"_s);
+    // " 12" is the number 12; "007" is no plain number and stays the text it was.
+    QCOMPARE(l->tipi.value(u"C4"_s), u"n"_s);
     QCOMPARE(l->tipi.value(u"B5"_s), u"s"_s);
+    QCOMPARE(l->tipi.value(u"A3"_s), u"s"_s);
+    // The header stays in sight: the panes are frozen below row 3.
+    QCOMPARE(l->riquadro, u"A4"_s);
+    // Each column of the table as wide as its longest text ("Lunedì", "007", "12"); neither
+    // the title nor the long header row widen them, and the columns with nothing but the header
+    // keep the sheet's default.
+    QCOMPARE(l->larghezze.keys(), (QStringList{u"A"_s, u"B"_s, u"C"_s}));
+    const QMap<QString, double> attese2{{u"A"_s, 9}, {u"B"_s, 6}, {u"C"_s, 5}};
+    for (auto i = attese2.cbegin(); i != attese2.cend(); ++i) {
+        // The file keeps the width with the padding of its cells, less than a character more.
+        const double letta = l->larghezze.value(i.key());
+        QVERIFY2(letta >= i.value() && letta < i.value() + 1,
+                 qPrintable(u"%1: %2 invece di %3"_s.arg(i.key()).arg(letta).arg(i.value())));
+    }
 }
 
 void TestEsportazioneExcel::corpoSecondoDimensioni_data() {
@@ -474,8 +730,19 @@ void TestEsportazioneExcel::esporta() {
 
     QCOMPARE(b.d.ultimoTitoloSalvataggio, u"Specifica il nome del file..."_s);
     QCOMPARE(b.d.ultimoFiltroSalvataggio, u"Cartella di lavoro Excel (*.xlsx)"_s);
+    // The name comes from the title, the date's slashes made dashes.
+    QCOMPARE(QFileInfo(b.d.ultimaPropostaSalvataggio).fileName(),
+             u"Classifica, alla data 03-04-2024.xlsx"_s);
+    QCOMPARE(QFileInfo(b.d.ultimaPropostaSalvataggio).absolutePath(), cartellaIniziale());
     QCOMPARE(b.fileInUscita(), scritti);
     QVERIFY(b.d.boxes.isEmpty());
+    // The status bar says where the workbook went; a cancel says nothing.
+    if (scritti.isEmpty()) {
+        QCOMPARE(b.d.avvisiStato, QStringList());
+    } else {
+        QCOMPARE(b.d.avvisiStato, QStringList{u"File salvato in "_s +
+                                              QDir::toNativeSeparators(b.uscita(scritti.first()))});
+    }
     if (scritti.isEmpty() || !lettoreDisponibile())
         return;
     const std::optional<Lettura> l = leggi(b.uscita(scritti.first()));
@@ -495,6 +762,46 @@ void TestEsportazioneExcel::esportaTroppeRigheNonChiedeIlNome() {
     QCOMPARE(b.fileInUscita(), QStringList());
 }
 
+void TestEsportazioneExcel::esportaRicordaLaCartella() {
+    Banco b;
+    EsportazioneExcel::prepara(b.stato, *griglia({{u"Formula"_s}, {u"4-1-4"_s}}),
+                               u"Riepilogo Formule, alla data 23/11/2026"_s);
+    const QString nome = u"Riepilogo Formule, alla data 23-11-2026.xlsx"_s;
+    // Cancelled: nothing is remembered.
+    EsportazioneExcel::esporta(b.stato);
+    QCOMPARE(b.d.ultimaPropostaSalvataggio, QDir(cartellaIniziale()).filePath(nome));
+    QCOMPARE(b.i.valore(Impostazioni::CartellaSalvataggi).toString(), QString());
+
+    // Saved under another name in "uscita": the next proposal is there, with the title's name.
+    QVERIFY(QDir(b.dir.path()).mkdir(u"uscita/sotto"_s));
+    const QString sotto = b.uscita(u"sotto"_s);
+    b.d.fileDaSalvare.enqueue(QDir(sotto).filePath(u"mio.xlsx"_s));
+    EsportazioneExcel::esporta(b.stato);
+    QVERIFY(QFile::exists(QDir(sotto).filePath(u"mio.xlsx"_s)));
+    QCOMPARE(b.i.valore(Impostazioni::CartellaSalvataggi).toString(), sotto);
+    EsportazioneExcel::esporta(b.stato);
+    QCOMPARE(b.d.ultimaPropostaSalvataggio, QDir(sotto).filePath(nome));
+
+    // A failed write remembers nothing and says nothing: the fault box is enough.
+    b.d.avvisiStato.clear();
+    b.d.fileDaSalvare.enqueue(b.uscita(u"manca/prova.xlsx"_s));
+    QVERIFY_THROWS_EXCEPTION(ErroreEsecuzione, EsportazioneExcel::esporta(b.stato));
+    QCOMPARE(b.i.valore(Impostazioni::CartellaSalvataggi).toString(), sotto);
+    QCOMPARE(b.d.avvisiStato, QStringList());
+
+    // The folder is gone: the proposal goes back to where it started.
+    QVERIFY(QDir(sotto).removeRecursively());
+    EsportazioneExcel::esporta(b.stato);
+    QCOMPARE(b.d.ultimaPropostaSalvataggio, QDir(cartellaIniziale()).filePath(nome));
+
+    // The folder is kept in the settings store, so another session proposes it too.
+    b.d.fileDaSalvare.enqueue(b.uscita(u"di nuovo.xlsx"_s));
+    EsportazioneExcel::esporta(b.stato);
+    Impostazioni riaperte(b.dir.filePath(u"i.ini"_s));
+    QCOMPARE(riaperte.valore(Impostazioni::CartellaSalvataggi).toString(),
+             QFileInfo(b.uscita(u"di nuovo.xlsx"_s)).absolutePath());
+}
+
 void TestEsportazioneExcel::scriviCelle() {
     RICHIEDE_LETTORE();
     Banco b;
@@ -509,11 +816,18 @@ void TestEsportazioneExcel::scriviCelle() {
     attese.insert(u"A1"_s, u"Colonna"_s);
     attese.insert(u"B1"_s, u"Freq."_s);
     attese.insert(u"C1"_s, u"Rit."_s);
-    attese.insert(u"B3"_s, u" 0"_s);
+    attese.insert(u"B3"_s, u"0"_s);
     attese.insert(u"D3"_s, u"fine"_s);
     attese.insert(u"A4"_s, u"1X2 1X2 1X2"_s);
     QCOMPARE(l->valori, attese);
-    QCOMPARE(l->tipi.value(u"B3"_s), u"s"_s);
+    QCOMPARE(l->tipi.value(u"B3"_s), u"n"_s);
+    QCOMPARE(l->tipi.value(u"A4"_s), u"s"_s);
+    // Without a layout nothing is frozen and every row sizes its column: "1X2 1X2 1X2" makes A
+    // the widest.
+    QCOMPARE(l->riquadro, u"-"_s);
+    QCOMPARE(l->larghezze.keys(), (QStringList{u"A"_s, u"B"_s, u"C"_s, u"D"_s}));
+    QVERIFY(l->larghezze.value(u"A"_s) > l->larghezze.value(u"B"_s));
+    QVERIFY(l->larghezze.value(u"B"_s) > l->larghezze.value(u"D"_s));
 }
 
 void TestEsportazioneExcel::menuGriglie() {
@@ -541,10 +855,14 @@ void TestEsportazioneExcel::menuGriglie() {
     QCOMPARE(b.d.ultimoTitoloSalvataggio, u"Specifica il nome del file..."_s);
     QCOMPARE(b.fileInUscita(), QStringList());
 
+    QCOMPARE(b.d.avvisiStato, QStringList());
+
     b.d.fileDaSalvare.enqueue(b.uscita(u"colonne"_s));
     voce->trigger();
     QCOMPARE(b.fileInUscita(), QStringList{u"colonne.xlsx"_s});
     QVERIFY(b.d.boxes.isEmpty());
+    QCOMPARE(b.d.avvisiStato, QStringList{u"File salvato in "_s +
+                                          QDir::toNativeSeparators(b.uscita(u"colonne.xlsx"_s))});
     menu->hide();
     if (!lettoreDisponibile())
         return;
@@ -569,6 +887,7 @@ void TestEsportazioneExcel::menuGriglieSegnalaIGuasti() {
     QVERIFY2(b.d.boxes.first().testo.contains(QDir::toNativeSeparators(file)),
              qPrintable(b.d.boxes.first().testo));
     QCOMPARE(b.fileInUscita(), QStringList());
+    QCOMPARE(b.d.avvisiStato, QStringList());
 }
 
 void TestEsportazioneExcel::menuGriglieDistrutto() {

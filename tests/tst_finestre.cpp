@@ -17,6 +17,7 @@
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTest>
 
@@ -46,6 +47,20 @@ QList<QWidget *> controlliVisibili(QWidget *schermo) {
 // Where a control stands, in the coordinates of the frame's area (or of the dialog).
 QRect rettangolo(QWidget *w, QWidget *riferimento) {
     return QRect(w->mapTo(riferimento, QPoint(0, 0)), w->size());
+}
+
+// Scrolls as a user would until the whole control is in sight (or as much of it as fits).
+void mostraNelloScorrimento(QScrollArea *scorrimento, QWidget *schermo, QWidget *c) {
+    const QRect r(c->mapTo(schermo, QPoint(0, 0)), c->size());
+    const QSize vista = scorrimento->viewport()->size();
+    const auto porta = [](QScrollBar *barra, int inizio, int fine, int lato) {
+        if (fine > barra->value() + lato)
+            barra->setValue(fine - lato);
+        if (inizio < barra->value())
+            barra->setValue(inizio);
+    };
+    porta(scorrimento->horizontalScrollBar(), r.left(), r.right() + 1, vista.width());
+    porta(scorrimento->verticalScrollBar(), r.top(), r.bottom() + 1, vista.height());
 }
 
 QStringList schermiDaProvare(MdiPannello &p) {
@@ -113,12 +128,21 @@ void TstFinestre::ogniSchermoEntra() {
             schermo->parentWidget() ? schermo->parentWidget()->parentWidget() : nullptr);
         for (QWidget *c : controlli) {
             QWidget *vista = scorrimento ? scorrimento->viewport() : schermo;
-            if (scorrimento)
-                scorrimento->ensureWidgetVisible(c, 0, 0);
+            if (scorrimento) {
+                mostraNelloScorrimento(scorrimento, schermo, c);
+                QCoreApplication::processEvents();
+            }
             const QRect r = rettangolo(c, vista);
             QVERIFY2(vista->rect().contains(r) || r.width() > vista->width() ||
                          r.height() > vista->height(),
-                     qPrintable(dove + u": %1 non raggiungibile"_s.arg(c->objectName())));
+                     qPrintable(dove + u": %1 non raggiungibile (%2,%3 %4x%5 in %6x%7)"_s
+                                           .arg(c->objectName())
+                                           .arg(r.x())
+                                           .arg(r.y())
+                                           .arg(r.width())
+                                           .arg(r.height())
+                                           .arg(vista->width())
+                                           .arg(vista->height())));
             if (auto *l = qobject_cast<QLabel *>(c); l && !l->wordWrap() && !l->text().isEmpty() &&
                                                      l->textFormat() != Qt::RichText &&
                                                      !l->text().contains(u'<'))

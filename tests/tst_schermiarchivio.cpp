@@ -2,14 +2,14 @@
 // column, the correction and deletion of a row, the browser; and the writing steps behind them.
 #include "supporto/ambienteprova.h"
 
-#include "core/archivio.h"
-#include "core/colonna.h"
 #include "archivio/frmarchivio.h"
 #include "archivio/frmgestione.h"
 #include "archivio/frminserisci.h"
-#include "cornice/mdipannello.h"
 #include "archivio/scritturearchivio.h"
+#include "core/archivio.h"
+#include "core/colonna.h"
 #include "core/statoprogramma.h"
+#include "cornice/mdipannello.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/griglia.h"
@@ -23,6 +23,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -683,11 +684,15 @@ void TstSchermiArchivio::archivioCreaHtm() {
     QTemporaryDir cartella;
     QVERIFY(cartella.isValid());
 
-    // Cancelled: nothing written.
+    // Cancelled: nothing written, nothing said. The page is proposed under the name of the
+    // site's archive page.
     b.clic(frm, u"Command2"_s);
     QCOMPARE(b.a.dialoghi.ultimoTitoloSalvataggio, u"Crea HTM"_s);
     QCOMPARE(b.a.dialoghi.ultimoFiltroSalvataggio, u"Pagina HTML (*.htm *.html)"_s);
+    QCOMPARE(QFileInfo(b.a.dialoghi.ultimaPropostaSalvataggio).fileName(),
+             u"ColonneTotocalcio.htm"_s);
     QVERIFY(QDir(cartella.path()).isEmpty());
+    QCOMPARE(b.a.dialoghi.avvisiStato, QStringList());
 
     const QString percorso = cartella.filePath(u"archivio.htm"_s);
     b.a.dialoghi.fileDaSalvare.enqueue(percorso);
@@ -698,6 +703,11 @@ void TstSchermiArchivio::archivioCreaHtm() {
                                      "2 2013 2 2111X221211XX2 6 3 5 8 3 4 \n"
                                      "3 2013 3 X1XX111X222X2X 4 6 4 8 2 1 \n"));
     QVERIFY(b.a.dialoghi.boxes.isEmpty());
+    // The status bar says where the page went; the next page is proposed in that folder.
+    QCOMPARE(b.a.dialoghi.avvisiStato,
+             QStringList{u"File salvato in "_s + QDir::toNativeSeparators(percorso)});
+    b.clic(frm, u"Command2"_s);
+    QCOMPARE(b.a.dialoghi.ultimaPropostaSalvataggio, cartella.filePath(u"ColonneTotocalcio.htm"_s));
 }
 
 QTEST_MAIN(TstSchermiArchivio)

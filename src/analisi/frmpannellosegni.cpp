@@ -195,14 +195,16 @@ void FrmPannelloSegni::stampa(const QString &scelta) {
         return;
     }
     const bool coppie = scelta == u"Coppie"_s;
-    StampanteQt stampante(m_stato.dialoghi(), m_stato.FileStampaPdf, m_stato.paginaOrizzontale());
+    // The number 27 stands in the title of the coppie too, as it always has.
+    const QString titolo =
+        coppie ? u"Statistiche delle 27 Coppie finali."_s : u"Statistiche delle 27 Terzine."_s;
+    StampanteQt stampante(m_stato.dialoghi(), m_stato.impostazioni(), m_stato.FileStampaPdf,
+                          m_stato.paginaOrizzontale());
     stampante.setOrizzontale(false);
+    stampante.setNomeDocumento(titolo);
     if (!stampante.scegliSeManca())
         return;
-    // The number 27 stands in the title of the coppie too, as it always has.
-    StampaPannello::stampaGriglia(stampante.inizia(), coppie ? *m_coppie : *m_terzine,
-                                  coppie ? u"Statistiche delle 27 Coppie finali."_s
-                                         : u"Statistiche delle 27 Terzine."_s,
+    StampaPannello::stampaGriglia(stampante.inizia(), coppie ? *m_coppie : *m_terzine, titolo,
                                   m_stato.ColonneArchivio.ultima()[ArchivioColonne::Concorso]);
     stampante.fine();
 }

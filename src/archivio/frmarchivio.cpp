@@ -1,9 +1,9 @@
 #include "archivio/frmarchivio.h"
 
-#include "core/mdistile.h"
-#include "core/registroschermi.h"
 #include "archivio/scritturearchivio.h"
 #include "archivio/stampaarchivio.h"
+#include "core/mdistile.h"
+#include "core/registroschermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/griglia.h"
@@ -132,10 +132,13 @@ void FrmArchivio::caricaDatabase() {
 
 void FrmArchivio::creaHtm() {
     eseguiProtetto(m_stato.dialoghi(), [&] {
-        const QString percorso =
-            m_stato.dialoghi().salvaFile(u"Crea HTM"_s, u"Pagina HTML (*.htm *.html)"_s);
+        // The page has the form of the site's archive page, and is proposed under its name.
+        const QString percorso = m_stato.dialoghi().salvaFile(m_stato.impostazioni(), u"Crea HTM"_s,
+                                                              u"Pagina HTML (*.htm *.html)"_s,
+                                                              u"ColonneTotocalcio.htm"_s);
         if (percorso.isEmpty())
             return;
         ScrittureArchivio::scriviPaginaArchivio(percorso, m_stato.ColonneArchivio);
+        m_stato.dialoghi().fileSalvato(m_stato.impostazioni(), percorso);
     });
 }

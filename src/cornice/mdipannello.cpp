@@ -24,6 +24,7 @@
 #include <QMenuBar>
 #include <QPainter>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
 #include <QUrl>
@@ -208,6 +209,7 @@ MdiPannello::MdiPannello(StatoProgramma &stato)
     creaMenu();
     creaBarra();
     aggiornaAbilitazioni();
+    creaBarraStato();
     m_attesa = new MdiAttesa(m_stato.rete(), this);
     m_geometria = new QTimer(this);
     m_geometria->setSingleShot(true);
@@ -219,6 +221,7 @@ MdiPannello::MdiPannello(StatoProgramma &stato)
 }
 
 MdiPannello::~MdiPannello() {
+    m_stato.dialoghi().setGestoreStato({});
     m_stato.setRegistro(nullptr);
 }
 
@@ -314,10 +317,36 @@ void MdiPannello::creaCruscotto() {
     m_area->setBackground(QColor(96, 108, 128));
     // A screen maximised once leaves the next one opening in its own window, with its frame.
     m_area->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+    m_area->viewport()->installEventFilter(this);
 
     colonna->addWidget(picUltima);
     colonna->addWidget(m_area, 1);
     setCentralWidget(centrale);
+}
+
+void MdiPannello::creaBarraStato() {
+    // The program's notes, such as where a file went, stand in the status bar for a while. They
+    // have a label of their own, so that the status tips of menus pass over them without wiping
+    // them, and the user can select the path to copy it.
+    QStatusBar *barra = statusBar();
+    barra->setObjectName(u"BarraStato"_s);
+    m_lblAvviso = new QLabel(barra);
+    m_lblAvviso->setObjectName(u"lblAvviso"_s);
+    m_lblAvviso->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    barra->addWidget(m_lblAvviso, 1);
+    auto *scadenza = new QTimer(this);
+    scadenza->setObjectName(u"tmrAvviso"_s);
+    scadenza->setSingleShot(true);
+    scadenza->setInterval(DurataAvvisoStato);
+    connect(scadenza, &QTimer::timeout, m_lblAvviso, &QLabel::clear);
+    m_stato.dialoghi().setGestoreStato([this, scadenza](const QString &testo) {
+        m_lblAvviso->setText(testo);
+        scadenza->start();
+    });
+}
+
+QString MdiPannello::avvisoStato() const {
+    return m_lblAvviso->text();
 }
 
 void MdiPannello::creaMenu() {
@@ -482,7 +511,7 @@ QWidget *MdiPannello::apriSchermo(const QString &nome) {
     s->adjustSize();
     // Never larger than the area, and in its middle unless the screen keeps its own place.
     if (m_area->isVisible())
-        s->resize(s->size().boundedTo(m_area->viewport()->size()));
+        entroLArea(s);
     if (!schermo->property(PosizioneFissa).toBool())
         centraSchermo(schermo);
     s->show();
@@ -585,6 +614,27 @@ void MdiPannello::fermaIndicatore() {
 void MdiPannello::passoIndicatore() {
     m_imgComm->setIcon(m_pic[1 + m_fotogramma]->pixmap());
     m_fotogramma = (m_fotogramma + 1) % 3;
+}
+
+void MdiPannello::entroLArea(QMdiSubWindow *s) const {
+    const QSize area = m_area->viewport()->size();
+    if (s->isMaximized() || area.isEmpty())
+        return;
+    if (s->width() > area.width() || s->height() > area.height())
+        s->resize(s->size().boundedTo(area));
+    s->move(std::clamp(s->x(), 0, std::max(0, area.width() - s->width())),
+            std::clamp(s->y(), 0, std::max(0, area.height() - s->height())));
+}
+
+bool MdiPannello::eventFilter(QObject *oggetto, QEvent *e) {
+    // The area got smaller (the frame shown on a small desktop, or made smaller): the screens
+    // stay inside it, scrolling where they must, rather than going off its edges.
+    if (oggetto == m_area->viewport() && e->type() == QEvent::Resize) {
+        const QList<QMdiSubWindow *> finestre = m_area->subWindowList();
+        for (QMdiSubWindow *s : finestre)
+            entroLArea(s);
+    }
+    return QMainWindow::eventFilter(oggetto, e);
 }
 
 void MdiPannello::centraSchermo(QWidget *schermo) const {

@@ -71,6 +71,11 @@ public:
     // What the frame does while the program waits for the network.
     MdiAttesa *attesa() const { return m_attesa; }
 
+    // How long a note of the program (Dialoghi::avvisoStato) stays in the status bar, in ms.
+    static constexpr int DurataAvvisoStato = 30000;
+    // The note shown now; empty when there is none.
+    QString avvisoStato() const;
+
 signals:
     // The frame became the active window, also back from another application.
     void attivata();
@@ -83,6 +88,7 @@ protected:
     void closeEvent(QCloseEvent *e) override;
     void resizeEvent(QResizeEvent *e) override;
     void moveEvent(QMoveEvent *e) override;
+    bool eventFilter(QObject *oggetto, QEvent *e) override;
 
 private:
     // The dashboard: the room between its blocks, and the sizes of the 14 signs.
@@ -92,12 +98,16 @@ private:
 
     void creaCruscotto();
     void adattaCruscotto();
+    void creaBarraStato();
     void creaMenu();
     void creaBarra();
     void eseguiAzione(const QString &nome);
     void aggiornaAbilitazioni();
     void passoIndicatore();
     void ricordaGeometria();
+    // Every sub-window within the area: one larger than it is made as large as the area (its
+    // screen then scrolls) and moved back inside.
+    void entroLArea(QMdiSubWindow *s) const;
     QMdiSubWindow *sottofinestra(const QString &nome) const;
 
     StatoProgramma &m_stato;
@@ -109,6 +119,7 @@ private:
     QLabel *m_lblData = nullptr;
     QLabel *m_lblDati9 = nullptr;
     QLabel *m_lblDati = nullptr;
+    QLabel *m_lblAvviso = nullptr;
     QPushButton *m_imgComm = nullptr;
     QTimer *m_timer1 = nullptr;
     std::array<QLabel *, 4> m_pic{};

@@ -17,15 +17,24 @@ bool DialoghiProva::domanda(const QString &titolo, const QString &testo) {
     return risposte.isEmpty() ? false : risposte.dequeue();
 }
 
-QString DialoghiProva::salvaFile(const QString &titolo, const QString &filtro) {
+QString DialoghiProva::dialogoSalvataggio(const QString &titolo, const QString &filtro,
+                                          const QString &proposta) {
     ultimoTitoloSalvataggio = titolo;
     ultimoFiltroSalvataggio = filtro;
+    ultimaPropostaSalvataggio = proposta;
     return fileDaSalvare.isEmpty() ? QString() : fileDaSalvare.dequeue();
 }
 
-bool DialoghiProva::dialogoStampa(QPrinter &) {
+bool DialoghiProva::dialogoStampa(QPrinter &stampante) {
     ++dialoghiStampa;
+    if (nelDialogoStampa)
+        nelDialogoStampa(stampante);
     return risposteStampa.isEmpty() ? true : risposteStampa.dequeue();
+}
+
+void DialoghiProva::avvisoStato(const QString &testo) {
+    avvisiStato.append(testo);
+    Dialoghi::avvisoStato(testo);
 }
 
 bool DialoghiProva::apriConDesktop(const QUrl &indirizzo) {
@@ -43,4 +52,5 @@ QStringList DialoghiProva::testi() const {
 void DialoghiProva::svuota() {
     boxes.clear();
     aperti.clear();
+    avvisiStato.clear();
 }

@@ -41,10 +41,11 @@ bool DialoghiQt::domanda(const QString &titolo, const QString &testo) {
     return box.exec() == QMessageBox::Yes;
 }
 
-QString DialoghiQt::salvaFile(const QString &titolo, const QString &filtro) {
+QString DialoghiQt::dialogoSalvataggio(const QString &titolo, const QString &filtro,
+                                       const QString &proposta) {
     if (silenziato())
         return {};
-    return QFileDialog::getSaveFileName(genitore(), titolo, QString(), filtro);
+    return QFileDialog::getSaveFileName(genitore(), titolo, proposta, filtro);
 }
 
 bool DialoghiQt::dialogoStampa(QPrinter &stampante) {

@@ -16,7 +16,8 @@ public:
     void avviso(const QString &titolo, const QString &testo) override;
     void critico(const QString &titolo, const QString &testo) override;
     bool domanda(const QString &titolo, const QString &testo) override;
-    QString salvaFile(const QString &titolo, const QString &filtro) override;
+    QString dialogoSalvataggio(const QString &titolo, const QString &filtro,
+                               const QString &proposta) override;
     bool dialogoStampa(QPrinter &stampante) override;
     bool apriConDesktop(const QUrl &indirizzo) override;
 

@@ -301,6 +301,23 @@ bool Griglia::eNumero(QStringView testo) {
     return !t.isEmpty() && lunghezzaNumero(t) == t.size();
 }
 
+std::optional<double> Griglia::numeroSemplice(QStringView testo) {
+    const QStringView t = testo.trimmed();
+    if (t.isEmpty() || t.front() == u'+' || lunghezzaNumero(t) != t.size())
+        return std::nullopt;
+    const QStringView cifre = t.front() == u'-' ? t.mid(1) : t;
+    qsizetype intere = 0;
+    while (intere < cifre.size() && cifre[intere].isDigit())
+        ++intere;
+    if (intere == 0 || (intere > 1 && cifre.front() == u'0'))
+        return std::nullopt;
+    const qsizetype tutte = cifre.size() - (intere < cifre.size() ? 1 : 0);
+    if (tutte > 15)
+        return std::nullopt;
+    const double valore = *valoreNumerico(t);
+    return valore == 0 ? 0.0 : valore;
+}
+
 void Griglia::ordinaNumerico(int colonna, Verso verso) {
     controllaColonna(colonna);
     const int primo = std::min(m_righeFisse, righe());

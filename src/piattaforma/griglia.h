@@ -82,6 +82,12 @@ public:
     static std::optional<double> valoreNumerico(QStringView testo);
     // Whether the whole trimmed text is such a number (what Generale aligns right).
     static bool eNumero(QStringView testo);
+    // The number of a text that is a plain decimal number as the program writes them, blanks
+    // trimmed: an optional "-", digits with no leading zero (a lone 0 aside), optionally a decimal
+    // point ('.' or ',') and digits, at most 15 digits in all (what a double keeps exactly).
+    // "-12", "0", " 12", "3.5", "3,5" are numbers; "+5", "007", "-", "1e5", "inf", "1.", ",5"
+    // and longer digit strings are not. A negative zero reads 0.
+    static std::optional<double> numeroSemplice(QStringView testo);
 
     int larghezzaColonna(int c) const;
     void setLarghezzaColonna(int c, int twips);

@@ -7,6 +7,7 @@ const Impostazioni::Chiave Impostazioni::MostraAggiornamenti{"Options",
 const Impostazioni::Chiave Impostazioni::UltimaStampante{"Stampante", "UltimaStampante", QString()};
 const Impostazioni::Chiave Impostazioni::RadiceSito{"Sito", "Radice", QString()};
 const Impostazioni::Chiave Impostazioni::GeometriaCornice{"Finestra", "Geometria", QByteArray()};
+const Impostazioni::Chiave Impostazioni::CartellaSalvataggi{"File", "UltimaCartella", QString()};
 
 Impostazioni::Impostazioni()
     : m_settings(

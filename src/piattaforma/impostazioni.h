@@ -25,6 +25,9 @@ public:
     static const Chiave RadiceSito;
     // Size, place and state of the main window at its last close.
     static const Chiave GeometriaCornice;
+    // The folder of the last file the user saved (a workbook, a page, a printed PDF): where the
+    // next one is proposed. Empty: the user's documents folder.
+    static const Chiave CartellaSalvataggi;
 
     // The user's store of the platform (QSettings of organisation and application "Vespara").
     Impostazioni();

@@ -1,5 +1,6 @@
 #include "stampa/esportazioneexcel.h"
 
+#include "core/colonna.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/griglia.h"
@@ -12,6 +13,7 @@
 #include <xlsxwriter.h>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -46,17 +48,29 @@ public:
             lxw_workbook_free(m_cartella);
     }
 
-    // Texts go in as strings, never as numbers; an empty text leaves the cell empty.
+    // A text goes in as a string; an empty text leaves the cell empty.
     void scrivi(int riga, int colonna, const QString &testo) {
         if (testo.isEmpty())
             return;
         const QByteArray utf8 = testo.toUtf8();
-        const lxw_error esito =
-            worksheet_write_string(m_foglio, static_cast<lxw_row_t>(riga),
-                                   static_cast<lxw_col_t>(colonna), utf8.constData(), nullptr);
-        if (esito != LXW_NO_ERROR)
-            throw errore(esito);
+        verifica(worksheet_write_string(m_foglio, static_cast<lxw_row_t>(riga),
+                                        static_cast<lxw_col_t>(colonna), utf8.constData(),
+                                        nullptr));
     }
+
+    void scriviNumero(int riga, int colonna, double numero) {
+        verifica(worksheet_write_number(m_foglio, static_cast<lxw_row_t>(riga),
+                                        static_cast<lxw_col_t>(colonna), numero, nullptr));
+    }
+
+    // In characters of the default font.
+    void larghezza(int colonna, double caratteri) {
+        verifica(worksheet_set_column(m_foglio, static_cast<lxw_col_t>(colonna),
+                                      static_cast<lxw_col_t>(colonna), caratteri, nullptr));
+    }
+
+    // The panes are frozen below the first `righe` rows.
+    void blocca(int righe) { worksheet_freeze_panes(m_foglio, static_cast<lxw_row_t>(righe), 0); }
 
     void chiudi() {
         // workbook_close frees the workbook whatever happens.
@@ -70,6 +84,11 @@ public:
     }
 
 private:
+    void verifica(lxw_error esito) const {
+        if (esito != LXW_NO_ERROR)
+            throw errore(esito);
+    }
+
     ErroreEsecuzione errore(lxw_error esito) const {
         const QString nome = QDir::toNativeSeparators(m_percorso);
         switch (esito) {
@@ -187,28 +206,103 @@ QList<QStringList> EsportazioneExcel::foglio(const StatoProgramma &stato) {
     return celle;
 }
 
+EsportazioneExcel::Impaginazione EsportazioneExcel::impaginazioneFoglio() {
+    // Row 0 the title, row 2 the header.
+    return {3, {0, 2}};
+}
+
 void EsportazioneExcel::scrivi(const QString &percorso, const StatoProgramma &stato) {
-    scriviCelle(percorso, foglio(stato));
+    scriviCelle(percorso, foglio(stato), impaginazioneFoglio());
+}
+
+void EsportazioneExcel::scriviCelle(const QString &percorso, const QList<QStringList> &righe,
+                                    const Impaginazione &impaginazione) {
+    CartellaXlsx cartella(percorso);
+    const QList<bool> segni = colonneDiSegni(righe);
+    for (int r = 0; r < righe.size(); ++r)
+        for (int c = 0; c < righe.at(r).size(); ++c) {
+            const QString &testo = righe.at(r).at(c);
+            const std::optional<double> numero =
+                segni.at(c) ? std::nullopt : Griglia::numeroSemplice(testo);
+            if (numero)
+                cartella.scriviNumero(r, c, *numero);
+            else
+                cartella.scrivi(r, c, testo);
+        }
+    const QList<double> larghezze = larghezzeColonne(righe, impaginazione.righeSenzaLarghezza);
+    for (int c = 0; c < larghezze.size(); ++c)
+        if (larghezze.at(c) > 0)
+            cartella.larghezza(c, larghezze.at(c));
+    if (impaginazione.righeFisse > 0)
+        cartella.blocca(impaginazione.righeFisse);
+    cartella.chiudi();
 }
 
 void EsportazioneExcel::scriviCelle(const QString &percorso, const QList<QStringList> &righe) {
-    CartellaXlsx cartella(percorso);
-    for (int r = 0; r < righe.size(); ++r)
-        for (int c = 0; c < righe.at(r).size(); ++c)
-            cartella.scrivi(r, c, righe.at(r).at(c));
-    cartella.chiudi();
+    scriviCelle(percorso, righe, Impaginazione());
+}
+
+bool EsportazioneExcel::sequenzaDiSegni(QStringView testo) {
+    if (testo.size() < 2)
+        return false;
+    bool x = false;
+    for (const QChar c : testo) {
+        if (c == u'X')
+            x = true;
+        else if (c != u'1' && c != u'2')
+            return false;
+    }
+    return x || testo.size() >= Colonna::LunghezzaNove;
+}
+
+QList<bool> EsportazioneExcel::colonneDiSegni(const QList<QStringList> &righe) {
+    QList<bool> segni;
+    for (const QStringList &riga : righe) {
+        if (riga.size() > segni.size())
+            segni.resize(riga.size(), false);
+        for (int c = 0; c < riga.size(); ++c)
+            if (!segni.at(c) && sequenzaDiSegni(QStringView(riga.at(c)).trimmed()))
+                segni[c] = true;
+    }
+    return segni;
+}
+
+QList<double> EsportazioneExcel::larghezzeColonne(const QList<QStringList> &righe,
+                                                  const QList<int> &escluse) {
+    QList<qsizetype> lunghezze;
+    for (int r = 0; r < righe.size(); ++r) {
+        const QStringList &riga = righe.at(r);
+        if (riga.size() > lunghezze.size())
+            lunghezze.resize(riga.size(), 0);
+        if (escluse.contains(r))
+            continue;
+        for (int c = 0; c < riga.size(); ++c)
+            lunghezze[c] = std::max(lunghezze.at(c), QStringView(riga.at(c)).trimmed().size());
+    }
+    QList<double> larghezze;
+    larghezze.reserve(lunghezze.size());
+    for (const qsizetype lunghezza : std::as_const(lunghezze)) {
+        // 1.1 characters a character, rounded up in whole numbers, for the wider letters.
+        const double caratteri = double((lunghezza * 11 + 9) / 10 + 2);
+        larghezze.append(lunghezza == 0 ? 0.0
+                                        : std::clamp(caratteri, LarghezzaMinima, LarghezzaMassima));
+    }
+    return larghezze;
 }
 
 void EsportazioneExcel::esporta(StatoProgramma &stato) {
     // The table is checked first: a fault doesn't ask the user for a name in vain.
     const QList<QStringList> celle = foglio(stato);
-    QString percorso = stato.dialoghi().salvaFile(titoloDialogo(), filtroDialogo());
+    QString percorso =
+        stato.dialoghi().salvaFile(stato.impostazioni(), titoloDialogo(), filtroDialogo(),
+                                   Dialoghi::nomeFile(stato.TitoloEsportazione, u"xlsx"_s));
     if (percorso.isEmpty())
         return;
     // The desktop's dialog doesn't always add the suffix of the filter.
     if (QFileInfo(percorso).suffix().isEmpty())
         percorso += percorso.endsWith(u'.') ? u"xlsx"_s : u".xlsx"_s;
-    scriviCelle(percorso, celle);
+    scriviCelle(percorso, celle, impaginazioneFoglio());
+    stato.dialoghi().fileSalvato(stato.impostazioni(), percorso);
 }
 
 QString EsportazioneExcel::titoloDialogo() {

@@ -5,6 +5,7 @@
 #include "piattaforma/guardia.h"
 #include "piattaforma/stampanteqt.h"
 #include "stampa/documentopagine.h"
+#include "stampa/esportazioneexcel.h"
 #include "stampa/frmanteprima.h"
 
 #include <QApplication>
@@ -21,8 +22,9 @@ FrmStampaPagine::FrmStampaPagine(StatoProgramma &stato, FrmAnteprima &anteprima)
     : QDialog(&anteprima)
     , m_stato(stato)
     , m_anteprima(anteprima)
-    , m_stampante(std::make_unique<StampanteQt>(stato.dialoghi(), stato.FileStampaPdf,
-                                                stato.paginaOrizzontale())) {
+    , m_stampante(std::make_unique<StampanteQt>(stato.dialoghi(), stato.impostazioni(),
+                                                stato.FileStampaPdf, stato.paginaOrizzontale())) {
+    m_stampante->setNomeDocumento(nomeDocumento());
     setObjectName(u"PrnPrn"_s);
     setWindowTitle(u"Stampa"_s);
     setModal(true);
@@ -83,8 +85,7 @@ FrmStampaPagine::FrmStampaPagine(StatoProgramma &stato, FrmAnteprima &anteprima)
         if (!m_inStampa)
             reject();
     });
-    connect(command3, &QPushButton::clicked, this,
-            [this] { m_stato.dialoghi().dialogoStampa(m_stampante->stampante()); });
+    connect(command3, &QPushButton::clicked, this, [this] { m_stampante->scegli(); });
     connect(command4, &QPushButton::clicked, this, [this] {
         m_sPag->setCurrentIndex(m_anteprima.paginaMostrata() - 1);
         m_ePag->setCurrentIndex(m_anteprima.paginaMostrata() - 1);
@@ -109,12 +110,12 @@ void FrmStampaPagine::stampa() {
         m_stampante->scegliSeManca()) {
         m_annullato = false;
         m_inStampa = true;
-        // Ends the document even when the run stops on a fault.
+        // Ends the document even when the run stops on a fault, then without a word.
         struct Fine {
             FrmStampaPagine &f;
             ~Fine() {
                 f.m_inStampa = false;
-                f.m_stampante->fine();
+                f.m_stampante->interrompi();
             }
         } fine{*this};
         DispositivoDisegno &dispositivo = m_stampante->inizia();
@@ -126,6 +127,11 @@ void FrmStampaPagine::stampa() {
                 m_anteprima.aggiornaAvanzamento(prima, ultima, stampate);
                 QApplication::processEvents();
             });
+        m_stampante->fine();
     }
     accept();
+}
+
+QString FrmStampaPagine::nomeDocumento() {
+    return u"Stampa Vespara, alla data "_s + EsportazioneExcel::oggi();
 }

@@ -20,6 +20,9 @@ public:
 
     // The question asked before printing from page `prima` to page `ultima`.
     static QString domanda(int prima, int ultima);
+    // The name of the print job and of the PDF file proposed for it: "Stampa Vespara, alla data"
+    // and today's date.
+    static QString nomeDocumento();
     bool annullato() const { return m_annullato; }
 
 private:
