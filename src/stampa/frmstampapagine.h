@@ -22,6 +22,9 @@ public:
     static QString domanda(int prima, int ultima);
     bool annullato() const { return m_annullato; }
 
+public slots:
+    void reject() override;
+
 private:
     void stampa();
 
