@@ -132,6 +132,7 @@ private slots:
     void elencoDel9NellAnteprima();
     void stampaDiUnIntervalloInPdf();
     void domandaDaPaginaMaggiore();
+    void annullaDuranteLaStampa_data();
     void annullaDuranteLaStampa();
     void stampaSuFileSceltoNelDialogo();
     void stampaSenzaStampanti();
@@ -270,7 +271,15 @@ void TstAnteprima::domandaDaPaginaMaggiore() {
     QCOMPARE(a, u"29"_s);
 }
 
+void TstAnteprima::annullaDuranteLaStampa_data() {
+    // The button, or Esc: either stops the print at its next page.
+    QTest::addColumn<bool>("esc");
+    QTest::newRow("Annulla") << false;
+    QTest::newRow("Esc") << true;
+}
+
 void TstAnteprima::annullaDuranteLaStampa() {
+    QFETCH(bool, esc);
     if (QStandardPaths::findExecutable(u"pdfinfo"_s).isEmpty())
         QSKIP("pdfinfo (poppler-utils) non è installato");
     Banco b;
@@ -279,13 +288,16 @@ void TstAnteprima::annullaDuranteLaStampa() {
     QVERIFY(p);
     b.a.dialoghi.risposte.enqueue(true);
     // All 29 pages are asked for; "Annulla" is pressed as soon as the first page is out.
-    quandoAppareStampa([](QWidget *w) {
+    quandoAppareStampa([esc](QWidget *w) {
         auto *annulla = new QTimer(w);
         annulla->setInterval(0);
-        QObject::connect(annulla, &QTimer::timeout, [w, annulla] {
+        QObject::connect(annulla, &QTimer::timeout, [w, annulla, esc] {
             if (cerca<QProgressBar>(w, u"pBar"_s)->value() >= 1) {
                 annulla->stop();
-                QTest::mouseClick(cerca<QPushButton>(w, u"Command2"_s), Qt::LeftButton);
+                if (esc)
+                    QTest::keyClick(w, Qt::Key_Escape);
+                else
+                    QTest::mouseClick(cerca<QPushButton>(w, u"Command2"_s), Qt::LeftButton);
             }
         });
         annulla->start();

@@ -344,6 +344,8 @@ private slots:
     // Sort.
     void ordinaAMano();
     void ordinaSullUniverso();
+    void ordineCheSiTiene();
+    void intestazioniSpiegate();
 
 private:
     // A bench on the universe figured against the delivered archive.
@@ -1467,6 +1469,72 @@ void TstColonne9::ordinaSullUniverso() {
         for (int r = numeri + 1; r < ora.size(); ++r)
             QCOMPARE(ora[r][3], u"-"_s);
     }
+}
+
+void TstColonne9::ordineCheSiTiene() {
+    // The column the rows stand sorted by, as the header shows it, through a user's session.
+    using V = Griglia::Verso;
+    using O = BancoColonne9::Ordine;
+    Griglia g;
+    BancoColonne9 b(g);
+    b.prepara();
+    QVERIFY(!b.ordine());
+    caricaUniverso(b);
+    QVERIFY(!b.ordine());
+    b.ordina(2);
+    QCOMPARE(b.ordine(), O({2, V::Decrescente}));
+    b.ordina(1); // column 1 never sorts: the order shown stays
+    QCOMPARE(b.ordine(), O({2, V::Decrescente}));
+    // A step keeps the order of the rows, and so the mark.
+    QVERIFY(!b.formula(u"3"_s, u"3"_s, u"3"_s));
+    QCOMPARE(b.ordine(), O({2, V::Decrescente}));
+    b.ordina(3);
+    QCOMPARE(b.ordine(), O({3, V::Crescente}));
+    // The undo brings back the rows of the snapshot, in the order they had.
+    b.annulla();
+    QCOMPARE(b.ordine(), O({2, V::Decrescente}));
+    QCOMPARE(g.suggerimento(0, 2), BancoColonne9::suggerimentiIntestazioni().at(2));
+    b.ordina(0);
+    QCOMPARE(b.ordine(), O({0, V::Decrescente}));
+    b.ordina(0);
+    QCOMPARE(b.ordine(), O({0, V::Crescente}));
+    // The step numbers "Pos." anew from 1: the sort by "Pos." no longer holds.
+    b.segniDiversi(4);
+    QVERIFY(!b.ordine());
+    b.ordina(2);
+    QCOMPARE(b.ordine(), O({2, V::Decrescente}));
+    b.consecutivi(QString(), QString(), QString()); // the renumbering alone
+    QCOMPARE(b.ordine(), O({2, V::Decrescente}));
+    b.ordina(0);
+    b.consecutivi(QString(), QString(), QString());
+    QVERIFY(!b.ordine());
+    b.ordina(3);
+    QVERIFY(b.ordine());
+    // "Ripristina tutto" and "Inizializzazione" load the universe in its own order.
+    caricaUniverso(b);
+    QVERIFY(!b.ordine());
+}
+
+void TstColonne9::intestazioniSpiegate() {
+    Griglia g;
+    BancoColonne9 b(g);
+    b.prepara();
+    const QStringList &testi = BancoColonne9::suggerimentiIntestazioni();
+    QCOMPARE(testi.size(), BancoColonne9::Colonne);
+    for (int c = 0; c < BancoColonne9::Colonne; ++c)
+        QCOMPARE(g.suggerimento(0, c), testi.at(c));
+    QVERIFY(testi.at(0).startsWith(u"Pos. = Posizione"_s));
+    QVERIFY(testi.at(1).contains(u"non si ordina"_s));
+    QVERIFY(testi.at(2).startsWith(u"Freq. = Frequenza"_s));
+    QVERIFY(testi.at(3).startsWith(u"Rit. = Ritardo"_s));
+    // Only the columns that sort say so.
+    for (const int c : {0, 2, 3})
+        QVERIFY(testi.at(c).contains(u"ordina le righe"_s));
+    QVERIFY(!testi.at(1).contains(u"ordina le righe"_s));
+    // The body has none of its own.
+    caricaUniverso(b);
+    QVERIFY(g.suggerimento(1, 2).isEmpty());
+    QCOMPARE(g.suggerimento(0, 3), testi.at(3));
 }
 
 QTEST_GUILESS_MAIN(TstColonne9)

@@ -4,8 +4,8 @@
 
 #include "analisi/colonne9.h"
 #include "analisi/frmcolonne9.h"
-#include "cornice/mdipannello.h"
 #include "core/statoprogramma.h"
+#include "cornice/mdipannello.h"
 #include "piattaforma/griglia.h"
 #include "piattaforma/vistagriglia.h"
 
@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -51,6 +52,38 @@ public:
     }
     QString tot() const { return w<QLabel>(u"lblTot"_s)->text(); }
     Griglia &griglia() const { return *w<VistaGriglia>(u"Griglia"_s)->griglia(); }
+    VistaGriglia *vista() const { return w<VistaGriglia>(u"Griglia"_s); }
+    // A double click on a cell of the column, as in ordinamentoERicerca.
+    void doppioClic(int riga, int colonna) const {
+        VistaGriglia *v = vista();
+        v->scrollTo(v->model()->index(riga, colonna));
+        QTest::mouseDClick(v->viewport(), Qt::LeftButton, {},
+                           v->visualRect(v->model()->index(riga, colonna)).center());
+    }
+    // A click on the header of the column, the frozen row at the top of the grid.
+    void clicIntestazione(int colonna) const {
+        QHeaderView *h = vista()->horizontalHeader();
+        QTest::mouseClick(h->viewport(), Qt::LeftButton, {},
+                          QPoint(h->sectionViewportPosition(colonna) + h->sectionSize(colonna) / 2,
+                                 h->height() / 2));
+    }
+    // The rows as they stand: every cell, row after row.
+    QStringList righe() const {
+        const Griglia &g = griglia();
+        QStringList testi;
+        testi.reserve(g.righe() * g.colonne());
+        for (int r = 0; r < g.righe(); ++r)
+            for (int c = 0; c < g.colonne(); ++c)
+                testi.append(g.testo(r, c));
+        return testi;
+    }
+    // The column whose order the header's arrow shows, with its direction; -1 when none.
+    std::pair<int, Qt::SortOrder> freccia() const {
+        const QHeaderView *h = vista()->horizontalHeader();
+        if (!h->isSortIndicatorShown())
+            return {-1, Qt::AscendingOrder};
+        return {h->sortIndicatorSection(), h->sortIndicatorOrder()};
+    }
     void scegli(const QString &nome, const QString &voce) const {
         QComboBox *c = w<QComboBox>(nome);
         const int i = c->findText(voce);
@@ -80,6 +113,8 @@ private slots:
     void segniFissi();
     void validazioni();
     void ordinamentoERicerca();
+    void intestazioneOrdinaComeIlDoppioClic();
+    void frecciaDellOrdine();
     void filtriDeiTasti();
     void consecutiviConNove();
     void inizializzazioneVeloce();
@@ -269,6 +304,88 @@ void TstFrmColonne9::ordinamentoERicerca() {
     QCOMPARE(b.w<QLabel>(u"lblFreq"_s)->text(), u"0"_s);
     QCOMPARE(b.w<QLabel>(u"lblRit"_s)->text(), QString::number(b.a.stato().NumeroColonne()));
     QVERIFY(b.a.dialoghi.boxes.isEmpty());
+}
+
+void TstFrmColonne9::intestazioneOrdinaComeIlDoppioClic() {
+    // One workspace sorted by double clicks on the cells, one by clicks on the headers, the same
+    // columns in the same sequence: the same rows in the same order after every sort, and the
+    // same arrow on the header.
+    Banco doppio;
+    Banco intestazione;
+    QVERIFY(doppio.apri());
+    QVERIFY(doppio.inizializza());
+    QVERIFY(intestazione.apri());
+    QVERIFY(intestazione.inizializza());
+    QVERIFY(intestazione.vista()->intestazioneCliccabile());
+    QCOMPARE(intestazione.righe(), doppio.righe());
+    QCOMPARE(intestazione.freccia().first, -1);
+    const QStringList naturale = intestazione.righe();
+
+    struct Passo {
+        int colonna;
+        int freccia; // the column the arrow stands on after it
+        Qt::SortOrder verso;
+    };
+    // Descending first, then alternately whatever the column; column 1 never sorts.
+    const Passo passi[] = {
+        {2, 2, Qt::DescendingOrder}, {3, 3, Qt::AscendingOrder}, {1, 3, Qt::AscendingOrder},
+        {0, 0, Qt::DescendingOrder}, {3, 3, Qt::AscendingOrder}, {2, 2, Qt::DescendingOrder},
+        {1, 2, Qt::DescendingOrder}, {0, 0, Qt::AscendingOrder},
+    };
+    QStringList prima = naturale;
+    for (const Passo &p : passi) {
+        doppio.doppioClic(1, p.colonna);
+        intestazione.clicIntestazione(p.colonna);
+        const QStringList ora = intestazione.righe();
+        QVERIFY2(ora == doppio.righe(), qPrintable(u"colonna %1"_s.arg(p.colonna)));
+        QCOMPARE(ora != prima, p.colonna != 1);
+        QCOMPARE(intestazione.freccia(), std::make_pair(p.freccia, p.verso));
+        QCOMPARE(doppio.freccia(), std::make_pair(p.freccia, p.verso));
+        prima = ora;
+    }
+    // "Pos." ascending: the order of the start, the numbers untouched.
+    QCOMPARE(intestazione.righe(), naturale);
+    QVERIFY(intestazione.a.dialoghi.boxes.isEmpty());
+}
+
+void TstFrmColonne9::frecciaDellOrdine() {
+    // The arrow stays while the rows hold the order it shows, and goes when they don't.
+    Banco b;
+    QVERIFY(b.apri());
+    QVERIFY(b.inizializza());
+    const auto frecciaSu = [&b](int colonna, Qt::SortOrder verso) {
+        return b.freccia() == std::make_pair(colonna, verso);
+    };
+    b.clicIntestazione(2);
+    QVERIFY(frecciaSu(2, Qt::DescendingOrder));
+    AmbienteProva::fotografa(b.a.pannello().window(), u"colonne9-ordinate"_s);
+    // A filter keeps the order: 3-3-3, still by Freq. from the highest.
+    b.scegli(u"cmb1"_s, u"3"_s);
+    b.scegli(u"cmbX"_s, u"3"_s);
+    b.scegli(u"cmb2"_s, u"3"_s);
+    b.clic(u"cmdOk"_s);
+    QCOMPARE(b.tot(), u"1680"_s);
+    QVERIFY(frecciaSu(2, Qt::DescendingOrder));
+    Griglia &g = b.griglia();
+    for (int r = 2; r < g.righe(); ++r)
+        QVERIFY(g.testo(r - 1, 2).trimmed().toInt() >= g.testo(r, 2).trimmed().toInt());
+    b.clicIntestazione(3);
+    QVERIFY(frecciaSu(3, Qt::AscendingOrder));
+    // The undo brings back the rows before the filter, in the order they had then.
+    b.clic(u"cmdPrec"_s);
+    QCOMPARE(b.tot(), u"19683"_s);
+    QVERIFY(frecciaSu(2, Qt::DescendingOrder));
+    // Sorted by "Pos.", then a filter writes "Pos." anew: no arrow.
+    b.clicIntestazione(0);
+    QVERIFY(frecciaSu(0, Qt::DescendingOrder));
+    b.clic(u"cmdSegniDiversi"_s);
+    QCOMPARE(b.freccia().first, -1);
+    b.clicIntestazione(3);
+    QVERIFY(frecciaSu(3, Qt::AscendingOrder));
+    // "Ripristina tutto" brings the universe in its own order.
+    b.clic(u"cmdRipristina"_s);
+    QCOMPARE(b.freccia().first, -1);
+    QCOMPARE(g.testo(1, 1), u"111111111"_s);
 }
 
 void TstFrmColonne9::filtriDeiTasti() {

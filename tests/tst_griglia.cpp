@@ -1,6 +1,7 @@
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/griglia.h"
 #include "piattaforma/vistagriglia.h"
+#include "supporto/strumentiprova.h"
 
 #include <QBrush>
 #include <QFont>
@@ -74,6 +75,11 @@ private slots:
     void vistaTastoDestroEDoppioClic();
     void vistaDimensioni();
     void vistaResetMantieneCella();
+    void suggerimenti();
+    void vistaClicSullIntestazione_data();
+    void vistaClicSullIntestazione();
+    void vistaIndicatoreDellOrdine();
+    void vistaFrecciaNonTagliaLIntestazione();
 };
 
 void TestGriglia::valoreNumerico_data() {
@@ -283,6 +289,8 @@ void TestGriglia::fuoriDaiLimiti_data() {
     QTest::newRow("altezzaRiga") << Azione([](Griglia &g) { g.setAltezzaRiga(4, 300); });
     QTest::newRow("ordina") << Azione(
         [](Griglia &g) { g.ordinaNumerico(3, Griglia::Verso::Crescente); });
+    QTest::newRow("setSuggerimento") << Azione([](Griglia &g) { g.setSuggerimento(4, 0, u"x"_s); });
+    QTest::newRow("suggerimento") << Azione([](Griglia &g) { g.suggerimento(0, 3); });
     QTest::newRow("griglia vuota") << Azione([](Griglia &g) {
         g.setRighe(0);
         g.testo(0, 0);
@@ -695,6 +703,171 @@ void TestGriglia::vistaResetMantieneCella() {
     } catch (const ErroreEsecuzione &errore) {
         QCOMPARE(errore.testo(), testoIndice);
     }
+}
+
+void TestGriglia::suggerimenti() {
+    Griglia g(5, 3);
+    riempi(g);
+    g.setRigheFisse(1);
+    QVERIFY(g.suggerimento(2, 1).isEmpty());
+    QVERIFY(!g.data(g.index(2, 1), Qt::ToolTipRole).isValid());
+
+    QSignalSpy cambiate(&g, &Griglia::dataChanged);
+    QSignalSpy intestazioni(&g, &Griglia::headerDataChanged);
+    g.setSuggerimento(0, 2, u"Rit. = Ritardo"_s);
+    g.setSuggerimento(3, 1, u"R = Ritardo"_s);
+    g.setSuggerimento(4, 1, u"R = Ritardo"_s);
+    QCOMPARE(cambiate.count(), 3);
+    QCOMPARE(cambiate.at(1).at(2).value<QList<int>>(), QList<int>{Qt::ToolTipRole});
+    QCOMPARE(intestazioni.count(), 1);
+    QCOMPARE(g.suggerimento(3, 1), u"R = Ritardo"_s);
+    QCOMPARE(g.data(g.index(4, 1), Qt::ToolTipRole).toString(), u"R = Ritardo"_s);
+    // The frozen header's tool tip is the one of its cell.
+    QCOMPARE(g.headerData(2, Qt::Horizontal, Qt::ToolTipRole).toString(), u"Rit. = Ritardo"_s);
+    QVERIFY(!g.headerData(1, Qt::Horizontal, Qt::ToolTipRole).isValid());
+    // The rest of the format stays.
+    QCOMPARE(g.sfondo(3, 1), QColor(30, 0, 0));
+
+    // A tool tip goes with its row.
+    g.ordinaNumerico(1, Griglia::Verso::Decrescente); // "r4c1", "r3c1", ... read as none
+    g.setTesto(1, 2, u"5"_s);
+    g.setTesto(3, 2, u"9"_s);
+    g.ordinaNumerico(2, Griglia::Verso::Decrescente);
+    QCOMPARE(g.testo(1, 0), u"r3c0"_s);
+    QCOMPARE(g.suggerimento(1, 1), u"R = Ritardo"_s);
+    QCOMPARE(g.testo(2, 0), u"r1c0"_s);
+    QVERIFY(g.suggerimento(2, 1).isEmpty());
+    QCOMPARE(g.suggerimento(0, 2), u"Rit. = Ritardo"_s);
+
+    // Taken off by an empty text; an empty text on a bare cell gives it no format.
+    g.setSuggerimento(1, 1, QString());
+    QVERIFY(g.suggerimento(1, 1).isEmpty());
+    QVERIFY(!g.data(g.index(1, 1), Qt::ToolTipRole).isValid());
+    Griglia nuda(2, 2);
+    QSignalSpy nudaCambiata(&nuda, &Griglia::dataChanged);
+    nuda.setSuggerimento(1, 1, QString());
+    QCOMPARE(nudaCambiata.count(), 0);
+
+    g.pulisci();
+    for (int r = 0; r < g.righe(); ++r)
+        for (int c = 0; c < g.colonne(); ++c)
+            QVERIFY(g.suggerimento(r, c).isEmpty());
+}
+
+void TestGriglia::vistaClicSullIntestazione_data() {
+    QTest::addColumn<bool>("cliccabile");
+    QTest::addColumn<int>("colonna");
+    QTest::newRow("cliccabile, Rit.") << true << 2;
+    QTest::newRow("cliccabile, prima colonna") << true << 0;
+    QTest::newRow("non cliccabile") << false << 2;
+}
+
+void TestGriglia::vistaClicSullIntestazione() {
+    QFETCH(bool, cliccabile);
+    QFETCH(int, colonna);
+    Griglia g(10, 3);
+    g.setRigheFisse(1);
+    VistaGriglia vista;
+    vista.setGriglia(&g);
+    vista.resize(400, 300);
+    vista.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&vista));
+    QVERIFY(!vista.intestazioneCliccabile());
+    vista.setIntestazioneCliccabile(cliccabile);
+    QCOMPARE(vista.intestazioneCliccabile(), cliccabile);
+    vista.setCellaCorrente(4, 1);
+
+    QSignalSpy clicIntestazione(&vista, &VistaGriglia::clicIntestazione);
+    QSignalSpy clic(&vista, &VistaGriglia::clic);
+    QHeaderView *intestazione = vista.horizontalHeader();
+    const QPoint punto(intestazione->sectionViewportPosition(colonna) + 5,
+                       intestazione->height() / 2);
+    QTest::mouseClick(intestazione->viewport(), Qt::LeftButton, {}, punto);
+    QCOMPARE(clicIntestazione.count(), cliccabile ? 1 : 0);
+    if (cliccabile)
+        QCOMPARE(clicIntestazione.at(0).at(0).toInt(), colonna);
+    // The header is no cell: the current cell stays, nothing is selected, no cell click.
+    QCOMPARE(vista.rigaCorrente(), 4);
+    QCOMPARE(vista.colonnaCorrente(), 1);
+    QVERIFY(!vista.selectionModel()->hasSelection());
+    QCOMPARE(clic.count(), 0);
+    // The right button is still the export's.
+    QSignalSpy destro(&vista, &VistaGriglia::tastoDestro);
+    QTest::mouseClick(intestazione->viewport(), Qt::RightButton, {}, punto);
+    QCOMPARE(destro.count(), 1);
+    QCOMPARE(clicIntestazione.count(), cliccabile ? 1 : 0);
+}
+
+void TestGriglia::vistaIndicatoreDellOrdine() {
+    Griglia g(10, 3);
+    g.setRigheFisse(1);
+    VistaGriglia vista;
+    vista.setGriglia(&g);
+    vista.setIntestazioneCliccabile(true);
+    vista.resize(400, 300);
+    vista.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&vista));
+    QHeaderView *intestazione = vista.horizontalHeader();
+    QVERIFY(!intestazione->isSortIndicatorShown());
+    QCOMPARE(vista.colonnaOrdine(), -1);
+
+    vista.mostraOrdine(2, Griglia::Verso::Decrescente);
+    QVERIFY(intestazione->isSortIndicatorShown());
+    QCOMPARE(intestazione->sortIndicatorSection(), 2);
+    QCOMPARE(intestazione->sortIndicatorOrder(), Qt::DescendingOrder);
+    vista.mostraOrdine(0, Griglia::Verso::Crescente);
+    QCOMPARE(intestazione->sortIndicatorSection(), 0);
+    QCOMPARE(intestazione->sortIndicatorOrder(), Qt::AscendingOrder);
+    QCOMPARE(vista.colonnaOrdine(), 0);
+    QCOMPARE(vista.versoOrdine(), Griglia::Verso::Crescente);
+
+    // A click on a header turns no arrow by itself: the screen says what the order is.
+    for (const int c : {0, 1}) {
+        const QPoint punto(intestazione->sectionViewportPosition(c) + 5,
+                           intestazione->height() / 2);
+        QTest::mouseClick(intestazione->viewport(), Qt::LeftButton, {}, punto);
+        QCOMPARE(intestazione->sortIndicatorSection(), 0);
+        QCOMPARE(intestazione->sortIndicatorOrder(), Qt::AscendingOrder);
+    }
+
+    vista.nascondiOrdine();
+    QVERIFY(!intestazione->isSortIndicatorShown());
+    QCOMPARE(vista.colonnaOrdine(), -1);
+    QCOMPARE(StrumentiProva::errore([&vista] { vista.mostraOrdine(3, {}); }), testoIndice);
+
+    // Another grid starts with no order.
+    vista.mostraOrdine(1, Griglia::Verso::Decrescente);
+    Griglia altra(4, 3);
+    altra.setRigheFisse(1);
+    vista.setGriglia(&altra);
+    QVERIFY(!intestazione->isSortIndicatorShown());
+}
+
+void TestGriglia::vistaFrecciaNonTagliaLIntestazione() {
+    // A narrow column of the program, as "Freq." of the workspace of the 9: with the arrow of
+    // the order on, its caption is drawn whole, as it is without, and the arrow beside it.
+    Griglia g(5, 2);
+    g.setRigheFisse(1);
+    g.setLarghezzaColonna(0, 600);
+    g.setTesto(0, 0, u"Freq."_s);
+    VistaGriglia vista;
+    vista.setGriglia(&g);
+    vista.resize(300, 200);
+    vista.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&vista));
+    QHeaderView *intestazione = vista.horizontalHeader();
+    const int larghezza = intestazione->sectionSize(0);
+    QCOMPARE(larghezza, 40);
+    const QImage senza = intestazione->viewport()->grab().toImage();
+    vista.mostraOrdine(0, Griglia::Verso::Decrescente);
+    const QImage con = intestazione->viewport()->grab().toImage();
+    const int finoAlTesto = intestazione->style()->pixelMetric(QStyle::PM_HeaderMargin) +
+                            intestazione->fontMetrics().horizontalAdvance(u"Freq."_s);
+    QVERIFY(finoAlTesto < larghezza);
+    const QRect didascalia(0, 0, finoAlTesto + 1, senza.height());
+    QCOMPARE(con.copy(didascalia), senza.copy(didascalia));
+    const QRect resto(finoAlTesto + 1, 0, larghezza - finoAlTesto - 1, senza.height());
+    QVERIFY(con.copy(resto) != senza.copy(resto));
 }
 
 QTEST_MAIN(TestGriglia)

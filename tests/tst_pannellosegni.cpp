@@ -6,8 +6,8 @@
 #include "analisi/grigliepannello.h"
 #include "analisi/selezioneterzine.h"
 #include "analisi/statistichesegni.h"
-#include "cornice/mdipannello.h"
 #include "core/statoprogramma.h"
+#include "cornice/mdipannello.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/griglia.h"
@@ -233,6 +233,21 @@ void TstPannelloSegni::disposizioneDelleGriglie() {
     QCOMPARE(p.testo(0, 6) + p.testo(1, 6), u"21"_s);
     QCOMPARE(p.testo(4, 6), u"0"_s);
     QCOMPARE(p.testo(6, 6), u"1"_s);
+
+    // What "R", "F" and the blocks stand for, on every cell that shows them.
+    QCOMPARE(f.baseCoppie, 2);
+    for (int col = 0; col < 27; ++col) {
+        QVERIFY(g.suggerimento(4, col).startsWith(u"R = Ritardo: "_s));
+        QVERIFY(g.suggerimento(13, col).startsWith(u"F = Frequenza: "_s));
+    }
+    QCOMPARE(g.suggerimento(11, 0), u"Ritardo nella 4ª terzina (partite 10-12)"_s);
+    QCOMPARE(g.suggerimento(14, 0), u"Frequenza nella 1ª terzina (partite 1-3)"_s);
+    QVERIFY(g.suggerimento(6, 26).isEmpty()); // a figure explains nothing
+    QVERIFY(c.suggerimento(6, i).contains(u"cinquina nelle partite 10-14"_s));
+    QVERIFY(c.suggerimento(8, i).startsWith(u"F = Frequenza: "_s));
+    // The coppie are counted over the latest contests of the base.
+    QVERIFY(p.suggerimento(3, 6).contains(u"2 se non è uscita negli ultimi 2 concorsi"_s));
+    QVERIFY(p.suggerimento(5, 6).contains(u"in quanti degli ultimi 2 concorsi"_s));
 
     QCOMPARE(GrigliePannello::testoIndice(archivioAMano()),
              u"Stagione 2011/2011 - Concorso N. 4"_s);

@@ -2,6 +2,7 @@
 
 #include "aggiornamenti/versione.h"
 #include "core/mdistile.h"
+#include "core/mditastiera.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
@@ -41,7 +42,7 @@ FrmAggiornamenti::FrmAggiornamenti(StatoProgramma &stato, QWidget *genitore)
 
     auto *command1 = new QPushButton(u"Scarica"_s, this);
     command1->setObjectName(u"Command1"_s);
-    command1->setDefault(true);
+    MdiTastiera::pulsantePredefinito(this, command1);
     auto *command2 = new QPushButton(u"Annulla"_s, this);
     command2->setObjectName(u"Command2"_s);
     connect(command1, &QPushButton::clicked, this,

@@ -1,6 +1,7 @@
 #include "aggiornamenti/frmaltrigiochi.h"
 
 #include "core/mdistile.h"
+#include "core/mditastiera.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
@@ -40,6 +41,8 @@ FrmAltriGiochi::FrmAltriGiochi(StatoProgramma &stato, QWidget *genitore)
     auto *cmdEsci = new QPushButton(u"Chiudi"_s, this);
     cmdEsci->setObjectName(u"cmdEsci"_s);
     connect(cmdEsci, &QPushButton::clicked, this, &QWidget::close);
+    // A page to read: Enter closes it, as the OK of a box.
+    MdiTastiera::pulsantePredefinito(this, cmdEsci);
     auto *pulsanti = new QHBoxLayout;
     pulsanti->addStretch();
     pulsanti->addWidget(cmdEsci);

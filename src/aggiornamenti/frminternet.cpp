@@ -3,6 +3,7 @@
 #include "aggiornamenti/aggiornamentisito.h"
 #include "core/frmattendere.h"
 #include "core/mdistile.h"
+#include "core/mditastiera.h"
 #include "core/registroschermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
@@ -66,7 +67,7 @@ QPushButton *FrmInternet::componi(QWidget *schermo, const QString &titolo,
 
     auto *cmdAggiorna = new QPushButton(u"Aggiorna"_s, schermo);
     cmdAggiorna->setObjectName(u"cmdAggiorna"_s);
-    cmdAggiorna->setDefault(true);
+    MdiTastiera::pulsantePredefinito(schermo, cmdAggiorna);
     auto *cmdChiudi = new QPushButton(u"Chiudi"_s, schermo);
     cmdChiudi->setObjectName(u"cmdChiudi"_s);
     QObject::connect(cmdChiudi, &QPushButton::clicked, schermo, &QWidget::close);

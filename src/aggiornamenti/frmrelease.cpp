@@ -1,5 +1,6 @@
 #include "aggiornamenti/frmrelease.h"
 
+#include "core/mditastiera.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
@@ -32,6 +33,8 @@ FrmRelease::FrmRelease(StatoProgramma &stato, QWidget *genitore)
     auto *cmdChiudi = new QPushButton(u"Chiudi"_s, this);
     cmdChiudi->setObjectName(u"cmdChiudi"_s);
     connect(cmdChiudi, &QPushButton::clicked, this, &QWidget::close);
+    // A page to read: Enter closes it, as the OK of a box (a link with the focus opens instead).
+    MdiTastiera::pulsantePredefinito(this, cmdChiudi);
     auto *pulsanti = new QHBoxLayout;
     pulsanti->addStretch();
     pulsanti->addWidget(cmdChiudi);

@@ -1,7 +1,7 @@
 #include "analisi/bancocolonne9.h"
 
+#include "core/glossario.h"
 #include "core/numeritesto.h"
-#include "piattaforma/griglia.h"
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +28,26 @@ const QStringList &BancoColonne9::intestazioni() {
     return testi;
 }
 
+const QStringList &BancoColonne9::suggerimentiIntestazioni() {
+    static const QStringList testi = [] {
+        const QString ordina = u"\nUn clic sull'intestazione, o un doppio clic su una cella della "
+                               "colonna, ordina le righe: decrescente e crescente alternati."_s;
+        return QStringList{
+            Glossario::sigla(u"Pos."_s, u"Posizione: il numero della riga nell'elenco, "
+                                        "riscritto a ogni filtro; l'ordinamento non lo cambia."_s) +
+                ordina,
+            u"Colonna del 9: i segni delle prime nove partite. Questa colonna non si ordina."_s,
+            Glossario::sigla(u"Freq."_s, Glossario::frequenza(u"la colonna del 9"_s,
+                                                              u"concorsi dell'archivio"_s)) +
+                ordina,
+            Glossario::sigla(u"Rit."_s, Glossario::ritardo(u"della colonna del 9"_s,
+                                                           u"\"-\" se non è mai uscita"_s)) +
+                ordina,
+        };
+    }();
+    return testi;
+}
+
 BancoColonne9::BancoColonne9(Griglia &griglia)
     : m_griglia(griglia) {
     liberaSegni();
@@ -43,11 +63,11 @@ void BancoColonne9::prepara() {
     m_griglia.setRigheFisse(1);
     m_griglia.setRighe(RigheUniverso);
     m_versoOrdine = 1;
+    m_ordine.reset();
     m_griglia.pulisci();
-    for (int c = 0; c < Colonne; ++c) {
+    for (int c = 0; c < Colonne; ++c)
         m_griglia.setLarghezzaColonna(c, Larghezze[c]);
-        m_griglia.setTesto(0, c, intestazioni().at(c));
-    }
+    scriviIntestazioni();
     // The universe is not there until the first "Inizializzazione".
     m_griglia.setRighe(1);
 }
@@ -65,7 +85,15 @@ void BancoColonne9::carica(const QList<Colonne9::Statistica> &statistiche) {
                 m_griglia.setTesto(i, c + 1, s[c]);
         }
     }
+    m_ordine.reset();
     liberaSegni();
+}
+
+void BancoColonne9::scriviIntestazioni() {
+    for (int c = 0; c < Colonne; ++c) {
+        m_griglia.setTesto(0, c, intestazioni().at(c));
+        m_griglia.setSuggerimento(0, c, suggerimentiIntestazioni().at(c));
+    }
 }
 
 void BancoColonne9::istantanea() {
@@ -79,17 +107,18 @@ void BancoColonne9::istantanea() {
     }
     m_righeIstantanea = int(m_istantanea.size());
     m_conIstantanea = true;
+    m_ordineIstantanea = m_ordine;
 }
 
 void BancoColonne9::annulla() {
     const auto blocco = m_griglia.inBlocco();
     m_griglia.setRighe(0);
     m_griglia.setRighe(m_righeIstantanea + 1);
-    for (int c = 0; c < Colonne; ++c)
-        m_griglia.setTesto(0, c, intestazioni().at(c));
+    scriviIntestazioni();
     for (int i = 1; i <= m_righeIstantanea; ++i)
         for (int c = 0; c < Colonne; ++c)
             m_griglia.setTesto(i, c, m_istantanea.at(i - 1)[c]);
+    m_ordine = m_ordineIstantanea;
 }
 
 void BancoColonne9::filtra(const Regola &resta, FormaPosizione forma) {
@@ -117,12 +146,21 @@ void BancoColonne9::riscrivi(const QList<std::array<QString, Colonne>> &righe, F
         for (int c = 1; c < Colonne; ++c)
             m_griglia.setTesto(i, c, riga[c]);
     }
+    if (conPosizione)
+        posizioniRiscritte();
 }
 
 void BancoColonne9::numera(FormaPosizione forma) {
     const auto blocco = m_griglia.inBlocco();
     for (int i = 1; i < m_griglia.righe(); ++i)
         m_griglia.setTesto(i, 0, testoPosizione(i, forma));
+    posizioniRiscritte();
+}
+
+void BancoColonne9::posizioniRiscritte() {
+    // New numbers run from 1 in the present order: a sort by "Pos." no longer holds.
+    if (m_ordine && m_ordine->colonna == 0)
+        m_ordine.reset();
 }
 
 BancoColonne9::Messaggio BancoColonne9::controllare() {
@@ -338,11 +376,9 @@ void BancoColonne9::liberaSegni() {
 void BancoColonne9::ordina(int colonna) {
     if (colonna == 1 || colonna < 0 || colonna >= m_griglia.colonne())
         return;
-    if (m_versoOrdine != 0) {
-        m_griglia.ordinaNumerico(colonna, Griglia::Verso::Decrescente);
-        m_versoOrdine = 0;
-    } else {
-        m_griglia.ordinaNumerico(colonna, Griglia::Verso::Crescente);
-        m_versoOrdine = 1;
-    }
+    const Griglia::Verso verso =
+        m_versoOrdine != 0 ? Griglia::Verso::Decrescente : Griglia::Verso::Crescente;
+    m_griglia.ordinaNumerico(colonna, verso);
+    m_versoOrdine = verso == Griglia::Verso::Decrescente ? 0 : 1;
+    m_ordine = Ordine{colonna, verso};
 }

@@ -2,14 +2,13 @@
 
 #include "analisi/colonne9.h"
 #include "piattaforma/dialoghi.h"
+#include "piattaforma/griglia.h"
 
 #include <QString>
 
 #include <array>
 #include <functional>
 #include <optional>
-
-class Griglia;
 
 // The bench of the workspace of the 9: the grid of the columns still selected, the one-level
 // snapshot for the undo, the nine fixed-sign boxes, and every filter step. The screen passes the
@@ -18,6 +17,8 @@ class BancoColonne9 {
 public:
     static constexpr int Colonne = 4;
     static const QStringList &intestazioni();
+    // The tool tips of the headers: what each abbreviates, and that a click sorts.
+    static const QStringList &suggerimentiIntestazioni();
 
     struct Messaggio {
         Dialoghi::Tipo tipo;
@@ -68,9 +69,19 @@ public:
     void liberaSegno(int posizione); // lblEsci(k), 1 to 9
     void liberaSegni();
 
-    // A double click on a column of the grid: numeric sort, descending first, then alternately.
+    // A double click on a column of the grid, or a click on its header: numeric sort,
+    // descending first, then alternately.
     void ordina(int colonna);
     int versoOrdine() const { return m_versoOrdine; }
+    // The column the rows stand sorted by, with its direction, while that order holds: the
+    // steps keep it (the undo brings back the one of its snapshot); loading the universe, in no
+    // column's order, ends it, and so does renumbering "Pos." after a sort by "Pos.".
+    struct Ordine {
+        int colonna;
+        Griglia::Verso verso;
+        bool operator==(const Ordine &) const = default;
+    };
+    const std::optional<Ordine> &ordine() const { return m_ordine; }
 
     // The number a text of a control stands for: leading blanks skipped, then digits; "?" and
     // text without a number are 0.
@@ -90,6 +101,8 @@ private:
     void riscrivi(const QList<std::array<QString, Colonne>> &righe, FormaPosizione forma,
                   bool conPosizione);
     void numera(FormaPosizione forma);
+    void scriviIntestazioni();
+    void posizioniRiscritte();
     static Messaggio controllare();
 
     Griglia &m_griglia;
@@ -98,4 +111,6 @@ private:
     bool m_conIstantanea = false;
     std::array<QString, 9> m_segniFissi;
     int m_versoOrdine = 1;
+    std::optional<Ordine> m_ordine;
+    std::optional<Ordine> m_ordineIstantanea;
 };

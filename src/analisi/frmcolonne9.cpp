@@ -4,7 +4,9 @@
 #include "analisi/stampacolonne9.h"
 #include "core/colonna.h"
 #include "core/frmattendere.h"
+#include "core/glossario.h"
 #include "core/mdistile.h"
+#include "core/mditastiera.h"
 #include "core/registroschermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/filtrotasti.h"
@@ -80,9 +82,11 @@ FrmColonne9::FrmColonne9(StatoProgramma &stato, QWidget *genitore)
     m_vista->adattaLarghezza();
     m_vista->setMinimumHeight(300);
     connect(m_vista, &VistaGriglia::tastoDestro, this, [this] { esporta(); });
-    connect(m_vista, &VistaGriglia::doppioClic, this, [this](int, int colonna) {
-        eseguiProtetto(m_stato.dialoghi(), [&] { m_banco.ordina(colonna); });
-    });
+    // The double click on a cell and the click on a header sort alike.
+    m_vista->setIntestazioneCliccabile(true);
+    connect(m_vista, &VistaGriglia::doppioClic, this,
+            [this](int, int colonna) { ordina(colonna); });
+    connect(m_vista, &VistaGriglia::clicIntestazione, this, &FrmColonne9::ordina);
 
     // Three columns that fit a desktop of 1024 pixels: the grid with the search of one column and
     // the prints under it; the commands, the fixed signs and the consecutive signs; the filters
@@ -194,9 +198,15 @@ QWidget *FrmColonne9::creaSegniFissi() {
     auto *cmdFiltro = pulsante(u"cmdFiltro"_s, u"Applica"_s);
     cmdFiltro->setParent(m_picFiltro);
     connect(cmdFiltro, &QPushButton::clicked, this, [this] { applicaSegnoFisso(); });
+    MdiTastiera::pulsantePredefinito(m_picFiltro, cmdFiltro);
     auto *lf = new QHBoxLayout(m_picFiltro);
     lf->setContentsMargins(0, 0, 0, 0);
-    lf->addWidget(new QLabel(u"Pos."_s, m_picFiltro));
+    auto *lblPos = new QLabel(u"Pos."_s, m_picFiltro);
+    const QString posizione =
+        Glossario::sigla(u"Pos."_s, u"Posizione del segno fisso: la partita, da 1 a 9."_s);
+    lblPos->setToolTip(posizione);
+    m_txtFiltroPos->setToolTip(posizione);
+    lf->addWidget(lblPos);
     lf->addWidget(m_txtFiltroPos);
     lf->addWidget(new QLabel(u"Segno"_s, m_picFiltro));
     lf->addWidget(m_txtFiltroSegno);
@@ -265,6 +275,8 @@ QWidget *FrmColonne9::creaFiltri() {
     }
     auto *cmdOk = pulsante(u"cmdOk"_s, u"Esegui"_s);
     lf->addWidget(cmdOk);
+    formula->setToolTip(Glossario::formulaNove());
+    MdiTastiera::pulsantePredefinito(formula, cmdOk);
     connect(cmdOk, &QPushButton::clicked, this, [this] {
         passo([this] {
             return m_banco.formula(m_cmbFormula[0]->currentText(), m_cmbFormula[1]->currentText(),
@@ -282,6 +294,7 @@ QWidget *FrmColonne9::creaFiltri() {
     ls->addWidget(m_cmbSegnoPresente);
     ls->addStretch();
     ls->addWidget(cmdAvviaFiltro);
+    MdiTastiera::pulsantePredefinito(segno, cmdAvviaFiltro);
     connect(cmdAvviaFiltro, &QPushButton::clicked, this, [this] {
         passo([this] {
             return m_banco.conteggio(m_cmbFiltroSegno->currentText(),
@@ -296,12 +309,14 @@ QWidget *FrmColonne9::creaFiltri() {
     for (int i = 0; i < 4; ++i) {
         m_optTerzina[i] = new QRadioButton(opzioni.at(i), diversi);
         m_optTerzina[i]->setObjectName(nomeIndice(u"optTerzina"_s, i + 1));
+        m_optTerzina[i]->setToolTip(Glossario::terzina(3));
         gruppoOpzioni->addButton(m_optTerzina[i], i + 1);
         ld->addWidget(m_optTerzina[i], i / 2, i % 2);
     }
     m_optTerzina[3]->setChecked(true);
     auto *cmdSegniDiversi = pulsante(u"cmdSegniDiversi"_s, u"Esegui"_s);
     ld->addWidget(cmdSegniDiversi, 0, 2, 2, 1);
+    MdiTastiera::pulsantePredefinito(diversi, cmdSegniDiversi);
     connect(cmdSegniDiversi, &QPushButton::clicked, this, [this, gruppoOpzioni] {
         passo([this, gruppoOpzioni] {
             m_banco.segniDiversi(gruppoOpzioni->checkedId());
@@ -310,6 +325,8 @@ QWidget *FrmColonne9::creaFiltri() {
     });
 
     auto *omogenee = gruppo(u"Filtra colonne con terzine omogenee"_s, this);
+    omogenee->setToolTip(Glossario::terzina(3) +
+                         u"\nOmogenea: i tre segni sono uguali (111, XXX o 222)."_s);
     auto *cmdTerzineOmogenee = pulsante(u"cmdTerzineOmogenee"_s, u"Avvia"_s);
     auto *lo = new QHBoxLayout(omogenee);
     lo->addStretch();
@@ -369,6 +386,8 @@ QWidget *FrmColonne9::creaEliminazioni() {
     });
     riga({etichetta(u"Elimina colonne con il segno"_s)}, {m_cmbEliminaSegno});
     riga({}, {etichetta(u"in casella"_s), m_cmbCasella, cmdEliminaSegno});
+    MdiTastiera::pulsantePredefinito(m_cmbEliminaSegno, cmdEliminaSegno);
+    MdiTastiera::pulsantePredefinito(m_cmbCasella, cmdEliminaSegno);
 
     m_cmbFreq = new QLineEdit(g);
     m_cmbFreq->setObjectName(u"cmbFreq"_s);
@@ -378,7 +397,14 @@ QWidget *FrmColonne9::creaEliminazioni() {
     auto *cmdFreq = pulsante(u"cmdFreq"_s, u"Ok"_s);
     connect(cmdFreq, &QPushButton::clicked, this,
             [this] { passo([this] { return m_banco.eliminaFrequenza(m_cmbFreq->text()); }); });
-    riga({etichetta(u"Elimina colonne"_s)}, {etichetta(u"Con frequenza"_s), m_cmbFreq, cmdFreq});
+    MdiTastiera::pulsantePredefinito(m_cmbFreq, cmdFreq);
+    auto *conFrequenza = etichetta(u"Con frequenza"_s);
+    // Digit by digit, as BancoColonne9::frequenzaConCifra compares them.
+    const QString cifra = u"Elimina le colonne nella cui frequenza (Freq.) compare questa cifra: "
+                          "con 1 vanno via 1, 10, 21 e così via."_s;
+    conFrequenza->setToolTip(cifra);
+    m_cmbFreq->setToolTip(cifra);
+    riga({etichetta(u"Elimina colonne"_s)}, {conFrequenza, m_cmbFreq, cmdFreq});
 
     auto *cmdEliminaMaiUscite = pulsante(u"cmdEliminaMaiUscite"_s, u"Elimina colonne mai uscite"_s);
     connect(cmdEliminaMaiUscite, &QPushButton::clicked, this, [this] {
@@ -413,6 +439,7 @@ QWidget *FrmColonne9::creaConsecutivi() {
     }
     auto *cmdCons = pulsante(u"cmdCons"_s, u"Ok"_s);
     l->addWidget(cmdCons, 1, 3, 3, 1);
+    MdiTastiera::pulsantePredefinito(g, cmdCons);
     connect(cmdCons, &QPushButton::clicked, this, [this] {
         const QString s = segnoConsecutivi();
         const int i = Colonna::segni().indexOf(s);
@@ -445,18 +472,30 @@ QWidget *FrmColonne9::creaRicerca() {
         e->setMinimumWidth(50);
         e->setAlignment(Qt::AlignCenter);
     }
+    MdiTastiera::pulsantePredefinito(g, command1);
+    const QString frequenza =
+        Glossario::frequenza(u"la colonna cercata"_s, u"concorsi dell'archivio"_s);
+    const QString ritardo = Glossario::ritardo(
+        u"della colonna cercata"_s, u"il numero dei concorsi dell'archivio se non è mai uscita"_s);
+    auto *lblFrequenza = new QLabel(u"Frequenza"_s, g);
+    auto *lblRitardo = new QLabel(u"Ritardo"_s, g);
+    for (QLabel *e : {lblFrequenza, m_lblFreq})
+        e->setToolTip(frequenza);
+    for (QLabel *e : {lblRitardo, m_lblRit})
+        e->setToolTip(ritardo);
     auto *l = new QGridLayout(g);
     l->addWidget(m_txtColonna, 0, 0, 1, 2);
     l->addWidget(command1, 0, 2);
-    l->addWidget(new QLabel(u"Frequenza"_s, g), 1, 0);
+    l->addWidget(lblFrequenza, 1, 0);
     l->addWidget(m_lblFreq, 1, 1);
-    l->addWidget(new QLabel(u"Ritardo"_s, g), 2, 0);
+    l->addWidget(lblRitardo, 2, 0);
     l->addWidget(m_lblRit, 2, 1);
     m_filtri.append(command1);
 
     auto *imgStampa = pulsante(u"imgStampa"_s, u"Stampa Prospetto"_s);
     imgStampa->setToolTip(u"Stampa Prospetto"_s);
     connect(imgStampa, &QPushButton::clicked, this, [this] { stampaProspetto(); });
+    MdiTastiera::stampa(this, imgStampa);
     // The play slips come with the slip printer.
     auto *imgStampaSchedine = pulsante(u"imgStampaSchedine"_s, u"Stampa schedine"_s);
     imgStampaSchedine->setToolTip(u"Stampa schedine"_s);
@@ -512,6 +551,7 @@ void FrmColonne9::avvia() {
             abilitaFiltri(true);
             m_chkFiltra->setEnabled(true);
             aggiornaTotale();
+            mostraOrdine();
             return;
         }
         // The full calculation: the frame and this screen's own buttons rest until it ends.
@@ -540,6 +580,7 @@ void FrmColonne9::avvia() {
         abilitaFiltri(true);
         azzeraSegniFissi(false);
         aggiornaTotale();
+        mostraOrdine();
     });
 }
 
@@ -551,6 +592,7 @@ void FrmColonne9::ripristina() {
         m_chkFiltra->setEnabled(true);
         m_picSegni->setEnabled(false);
         aggiornaTotale();
+        mostraOrdine();
     });
 }
 
@@ -558,6 +600,7 @@ void FrmColonne9::annulla() {
     eseguiProtetto(m_stato.dialoghi(), [&] {
         m_banco.annulla();
         m_lblTot->setText(QString::number(m_banco.righeIstantanea()));
+        mostraOrdine();
     });
 }
 
@@ -569,6 +612,7 @@ void FrmColonne9::passo(const std::function<BancoColonne9::Esito()> &azione) {
             CursoreOccupato cursore;
             esito = azione();
         }
+        mostraOrdine();
         if (m_banco.conIstantanea())
             m_cmdPrec->setEnabled(true);
         aggiornaSegniFissi();
@@ -585,7 +629,24 @@ void FrmColonne9::passo(const std::function<BancoColonne9::Esito()> &azione) {
 }
 
 void FrmColonne9::applicaSegnoFisso() {
+    // Enter applies with the focus still in the field: the sign is made upper case as when the
+    // field loses the focus to the button.
+    m_txtFiltroSegno->setText(m_txtFiltroSegno->text().toUpper());
     passo([this] { return m_banco.segnoFisso(m_txtFiltroPos->text(), m_txtFiltroSegno->text()); });
+}
+
+void FrmColonne9::ordina(int colonna) {
+    eseguiProtetto(m_stato.dialoghi(), [&] {
+        m_banco.ordina(colonna);
+        mostraOrdine();
+    });
+}
+
+void FrmColonne9::mostraOrdine() {
+    if (const auto &ordine = m_banco.ordine())
+        m_vista->mostraOrdine(ordine->colonna, ordine->verso);
+    else
+        m_vista->nascondiOrdine();
 }
 
 void FrmColonne9::cerca() {

@@ -46,6 +46,10 @@ private:
     void ripristina();
     void annulla();
     void applicaSegnoFisso();
+    // The sort by a column (double click on a cell, click on its header), and the header's
+    // mark of the order the rows stand in.
+    void ordina(int colonna);
+    void mostraOrdine();
     void cerca();
     // The list of the columns on paper, through the preview; the grid to Excel.
     void stampaProspetto();

@@ -3,7 +3,9 @@
 #include "analisi/grigliepannello.h"
 #include "analisi/stampapannello.h"
 #include "analisi/statistichesegni.h"
+#include "core/glossario.h"
 #include "core/mdistile.h"
+#include "core/mditastiera.h"
 #include "core/registroschermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
@@ -114,6 +116,7 @@ FrmPannelloSegni::FrmPannelloSegni(StatoProgramma &stato, QWidget *genitore)
     connect(imgStampa, &QPushButton::clicked, this, [this, cmbStampa] {
         eseguiProtetto(m_stato.dialoghi(), [&] { stampa(cmbStampa->currentText()); });
     });
+    MdiTastiera::stampa(this, imgStampa);
 
     auto *testa = new QHBoxLayout;
     testa->addWidget(titolo);
@@ -131,9 +134,16 @@ FrmPannelloSegni::FrmPannelloSegni(StatoProgramma &stato, QWidget *genitore)
     auto *griglie = new QGridLayout;
     griglie->setHorizontalSpacing(16);
     griglie->setVerticalSpacing(3);
-    griglie->addWidget(didascalia(u"Le 27 Terzine del 9"_s, this, u"lblTerzine"_s), 0, 0);
+    auto *lblTerzine = didascalia(u"Le 27 Terzine del 9"_s, this, u"lblTerzine"_s);
+    lblTerzine->setToolTip(Glossario::terzina(4));
+    auto *lblCoppie = didascalia(u"Le Coppie finali (13-14)"_s, this, u"lblCoppie"_s);
+    lblCoppie->setToolTip(Glossario::coppia());
+    auto *lblCinquine =
+        didascalia(u"Le Cinquine finali (Segni 10-11-12-13-14)"_s, this, u"lblCinquine"_s);
+    lblCinquine->setToolTip(Glossario::cinquina());
+    griglie->addWidget(lblTerzine, 0, 0);
     griglie->addWidget(vistaTerzine, 1, 0, 3, 1, Qt::AlignLeft | Qt::AlignTop);
-    griglie->addWidget(didascalia(u"Le Coppie finali (13-14)"_s, this, u"lblCoppie"_s), 0, 1);
+    griglie->addWidget(lblCoppie, 0, 1);
     griglie->addWidget(vistaCoppie, 1, 1, Qt::AlignLeft | Qt::AlignTop);
     griglie->addLayout(stampa, 2, 1);
     griglie->setRowStretch(2, 1);
@@ -144,8 +154,7 @@ FrmPannelloSegni::FrmPannelloSegni(StatoProgramma &stato, QWidget *genitore)
     layout->setSpacing(4);
     layout->addLayout(testa);
     layout->addLayout(griglie);
-    layout->addWidget(
-        didascalia(u"Le Cinquine finali (Segni 10-11-12-13-14)"_s, this, u"lblCinquine"_s));
+    layout->addWidget(lblCinquine);
     layout->addWidget(vistaCinquine);
     vistaCinquine->setMaximumWidth(vistaTerzine->width() + 16 + 260);
 }

@@ -1,5 +1,6 @@
 #include "analisi/grigliepannello.h"
 
+#include "core/glossario.h"
 #include "piattaforma/griglia.h"
 
 using namespace Qt::StringLiterals;
@@ -28,20 +29,35 @@ void segni(Griglia &g, const QStringList &elenco) {
             g.setTesto(r, c, elenco.at(c).at(r));
 }
 
-void intestazione(Griglia &g, int riga, const QString &testo, const QColor &sfondo) {
+void intestazione(Griglia &g, int riga, const QString &testo, const QColor &sfondo,
+                  const QString &suggerimento) {
     for (int c = 0; c < g.colonne(); ++c) {
         g.setTesto(riga, c, testo);
         g.setSfondo(riga, c, sfondo);
         g.setColore(riga, c, Qt::white);
         g.setGrassetto(riga, c, true);
+        g.setSuggerimento(riga, c, suggerimento);
     }
 }
 
-void etichetta(Griglia &g, int riga, const QString &testo) {
+void etichetta(Griglia &g, int riga, const QString &testo, const QString &suggerimento) {
     for (int c = 0; c < g.colonne(); ++c) {
         g.setTesto(riga, c, testo);
         g.setSfondo(riga, c, GrigioChiaro);
+        g.setSuggerimento(riga, c, suggerimento);
     }
+}
+
+// What "R" and "F" stand for on each grid: the delays and frequencies of StatisticheSegni.
+const QString Archivio = u"concorsi dell'archivio"_s;
+const QString MaiUscita = u"il numero dei concorsi dell'archivio se non è mai uscita"_s;
+
+QString ritardoR(const QString &cosa, const QString &assente) {
+    return Glossario::sigla(u"R"_s, Glossario::ritardo(cosa, assente));
+}
+
+QString frequenzaF(const QString &cosa, const QString &concorsi) {
+    return Glossario::sigla(u"F"_s, Glossario::frequenza(cosa, concorsi));
 }
 
 template <std::size_t N>
@@ -58,15 +74,16 @@ void valori(Griglia &g, int riga, const std::array<StatisticheSegni::Figura, N> 
 // frequency.
 template <std::size_t N>
 void riempiBreve(Griglia &g, const QStringList &elenco,
-                 const std::array<StatisticheSegni::Figura, N> &figure, int larghezza) {
+                 const std::array<StatisticheSegni::Figura, N> &figure, int larghezza,
+                 const QString &ritardo, const QString &frequenza) {
     const int lato = int(elenco.first().size());
     prepara(g, lato + 5, int(N), larghezza);
     segni(g, elenco);
     for (int c = 0; c < g.colonne(); ++c)
         g.setTesto(lato, c, u"------"_s);
-    intestazione(g, lato + 1, u"R"_s, Blu);
+    intestazione(g, lato + 1, u"R"_s, Blu, ritardo);
     valori(g, lato + 2, figure, true);
-    intestazione(g, lato + 3, u"F"_s, Rosso);
+    intestazione(g, lato + 3, u"F"_s, Rosso, frequenza);
     valori(g, lato + 4, figure, false);
 }
 
@@ -78,12 +95,15 @@ void GrigliePannello::riempiTerzine(Griglia &g, const StatisticheSegni::Figure &
     segni(g, StatisticheSegni::elencoTerzine());
     for (int c = 0; c < g.colonne(); ++c)
         g.setTesto(3, c, u"------"_s);
-    intestazione(g, 4, u"R"_s, Blu);
-    intestazione(g, 13, u"F"_s, Rosso);
+    const QString terzina = u"della terzina in quella posizione della colonna"_s;
+    intestazione(g, 4, u"R"_s, Blu, ritardoR(terzina, MaiUscita));
+    intestazione(g, 13, u"F"_s, Rosso,
+                 frequenzaF(u"la terzina in quella posizione della colonna"_s, Archivio));
     for (int b = 1; b <= 4; ++b) {
         const QString nome = u"%1ª"_s.arg(b);
-        etichetta(g, rigaRitardo(b) - 1, nome);
-        etichetta(g, rigaFrequenza(b) - 1, nome);
+        const QString dove = u"nella %1ª terzina (%2)"_s.arg(b).arg(Glossario::partiteTerzina(b));
+        etichetta(g, rigaRitardo(b) - 1, nome, u"Ritardo "_s + dove);
+        etichetta(g, rigaFrequenza(b) - 1, nome, u"Frequenza "_s + dove);
         valori(g, rigaRitardo(b), f.terzine[b - 1], true);
         valori(g, rigaFrequenza(b), f.terzine[b - 1], false);
     }
@@ -91,12 +111,20 @@ void GrigliePannello::riempiTerzine(Griglia &g, const StatisticheSegni::Figure &
 
 void GrigliePannello::riempiCinquine(Griglia &g, const StatisticheSegni::Figure &f) {
     const auto blocco = g.inBlocco();
-    riempiBreve(g, StatisticheSegni::elencoCinquine(), f.cinquine, 550);
+    riempiBreve(g, StatisticheSegni::elencoCinquine(), f.cinquine, 550,
+                ritardoR(u"della cinquina nelle partite 10-14"_s, MaiUscita),
+                frequenzaF(u"la cinquina nelle partite 10-14"_s, Archivio));
 }
 
 void GrigliePannello::riempiCoppie(Griglia &g, const StatisticheSegni::Figure &f) {
     const auto blocco = g.inBlocco();
-    riempiBreve(g, StatisticheSegni::elencoCoppie(), f.coppie, 350);
+    // The coppie are counted over the latest contests only.
+    const QString base = QString::number(f.baseCoppie);
+    riempiBreve(
+        g, StatisticheSegni::elencoCoppie(), f.coppie, 350,
+        ritardoR(u"della coppia nelle partite 13 e 14"_s,
+                 u"%1 se non è uscita negli ultimi %1 concorsi"_s.arg(base)),
+        frequenzaF(u"la coppia nelle partite 13 e 14"_s, u"degli ultimi %1 concorsi"_s.arg(base)));
 }
 
 QString GrigliePannello::testoIndice(const ArchivioColonne &archivio) {

@@ -99,6 +99,7 @@ StatisticheSegni::Figure StatisticheSegni::calcola(const ArchivioColonne &archiv
     const int n = archivio.numero();
     verificaCapacita(n, base);
     Figure f;
+    f.baseCoppie = base;
     std::array<std::array<int, 27>, 4> ultimaTerzina{};
     std::array<int, 243> ultimaCinquina{};
     std::array<int, 9> ultimaCoppia{};
@@ -154,6 +155,7 @@ StatisticheSegni::Figure StatisticheSegni::calcolaConScansione(const ArchivioCol
         return figura;
     };
     Figure f;
+    f.baseCoppie = base;
     for (int t = 0; t < 4; ++t)
         for (int i = 0; i < 27; ++i)
             f.terzine[t][i] = cammina(terzine[t], elencoTerzine().at(i), 1);

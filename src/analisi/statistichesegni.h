@@ -23,6 +23,7 @@ public:
         std::array<std::array<Figura, 27>, 4> terzine{}; // [slice][terzina]
         std::array<Figura, 243> cinquine{};
         std::array<Figura, 9> coppie{};
+        int baseCoppie = 0; // the latest contests the coppie were counted over
         bool operator==(const Figure &) const = default;
     };
 

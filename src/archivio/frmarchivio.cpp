@@ -2,7 +2,9 @@
 
 #include "archivio/scritturearchivio.h"
 #include "archivio/stampaarchivio.h"
+#include "core/glossario.h"
 #include "core/mdistile.h"
+#include "core/mditastiera.h"
 #include "core/registroschermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
@@ -35,6 +37,31 @@ constexpr Intestazione Intestazioni[FrmArchivio::Colonne] = {
     {"Anno", 700}, {"Num.", 600},    {"Colonna", 1900}, {"1", 450},       {"X", 450},
     {"2", 450},    {"Interr.", 750}, {"Simm.", 700},    {"Parall.", 750},
 };
+
+// What the headers abbreviate: the fields of an archive row.
+QString suggerimento(int colonna) {
+    const auto segno = [](const QString &s) {
+        return u"Quanti %1 ci sono nelle 14 partite della colonna."_s.arg(s);
+    };
+    switch (colonna) {
+    case 1:
+        return Glossario::sigla(u"Num."_s, u"Numero del concorso nell'anno."_s);
+    case 3:
+        return segno(u"1"_s);
+    case 4:
+        return segno(u"X"_s);
+    case 5:
+        return segno(u"2"_s);
+    case 6:
+        return Glossario::sigla(u"Interr."_s, Glossario::interruzioni());
+    case 7:
+        return Glossario::sigla(u"Simm."_s, Glossario::simmetrie());
+    case 8:
+        return Glossario::sigla(u"Parall."_s, Glossario::parallele());
+    default:
+        return {};
+    }
+}
 
 } // namespace
 
@@ -91,6 +118,7 @@ FrmArchivio::FrmArchivio(StatoProgramma &stato, QWidget *genitore)
                 m_stato.registro()->apriMenuGriglie(QCursor::pos());
         });
     });
+    MdiTastiera::stampa(this, imgStampa);
     connect(command1, &QPushButton::clicked, this, &FrmArchivio::caricaDatabase);
     connect(command2, &QPushButton::clicked, this, &FrmArchivio::creaHtm);
 
@@ -113,8 +141,10 @@ void FrmArchivio::riempi() {
     const ArchivioColonne &archivio = m_stato.ColonneArchivio;
     const auto blocco = m_griglia->inBlocco();
     m_griglia->setRighe(archivio.numero() + 1);
-    for (int c = 0; c < Colonne; ++c)
+    for (int c = 0; c < Colonne; ++c) {
         m_griglia->setTesto(0, c, QString::fromUtf8(Intestazioni[c].testo));
+        m_griglia->setSuggerimento(0, c, suggerimento(c));
+    }
     for (int i = 0; i < archivio.numero(); ++i) {
         const RigaArchivio &r = archivio.riga(i);
         for (int c = 0; c < Colonne; ++c)

@@ -1,8 +1,9 @@
 #include "archivio/frmgestione.h"
 
-#include "core/mdistile.h"
-#include "core/registroschermi.h"
 #include "archivio/scritturearchivio.h"
+#include "core/mdistile.h"
+#include "core/mditastiera.h"
+#include "core/registroschermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/erroreesecuzione.h"
@@ -68,6 +69,7 @@ FrmGestione::FrmGestione(StatoProgramma &stato, QWidget *genitore)
     auto *cmdElimina = new QPushButton(u"ELIMINA COLONNA"_s, this);
     cmdElimina->setObjectName(u"cmdElimina"_s);
     connect(command1, &QPushButton::clicked, this, &FrmGestione::conferma);
+    MdiTastiera::pulsantePredefinito(this, command1);
     connect(cmdElimina, &QPushButton::clicked, this, &FrmGestione::elimina);
     auto *pulsanti = new QHBoxLayout;
     pulsanti->addWidget(command1);

@@ -1,9 +1,10 @@
 #include "archivio/frminserisci.h"
 
+#include "archivio/scritturearchivio.h"
 #include "core/colonna.h"
 #include "core/mdistile.h"
+#include "core/mditastiera.h"
 #include "core/registroschermi.h"
-#include "archivio/scritturearchivio.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
@@ -93,7 +94,7 @@ FrmInserisci::FrmInserisci(StatoProgramma &stato, QWidget *genitore)
 
     auto *cmdInserisci = new QPushButton(u"INSERISCI IN ARCHIVIO"_s, this);
     cmdInserisci->setObjectName(u"cmdInserisci"_s);
-    cmdInserisci->setDefault(true);
+    MdiTastiera::pulsantePredefinito(this, cmdInserisci);
     auto *command1 = new QPushButton(u"ANNULLA"_s, this);
     command1->setObjectName(u"Command1"_s);
     connect(cmdInserisci, &QPushButton::clicked, this, &FrmInserisci::inserisci);

@@ -1,6 +1,7 @@
 #include "cornice/mdipannello.h"
 
 #include "core/colonna.h"
+#include "core/glossario.h"
 #include "core/mdistile.h"
 #include "core/statoprogramma.h"
 #include "cornice/mdiattesa.h"
@@ -44,88 +45,91 @@ struct VoceMenu {
     const char *schermo; // the screen the entry opens, or "" when its action is registered
 };
 
-// The whole menu of the frame, in display order.
+// The whole menu of the frame, in display order. A "&" marks the access key of an entry, a letter
+// of its own within its menu (a country has the same one in both menus of countries); "&&" is a
+// plain "&".
 constexpr VoceMenu Menu[] = {
-    {"mnuGestione", "Gestione archivi", "", Tipo::Sottomenu, ""},
-    {"mnuArchivio", "Visualizza archivio", "mnuGestione", Tipo::Voce, "frmArchivio"},
-    {"mnuInserisci", "Inserisci colonna", "mnuGestione", Tipo::Voce, "frmInserisci"},
-    {"mnuModifica", "Modifica archivio", "mnuGestione", Tipo::Voce, ""},
-    {"mnuSchedina", "Pronostici && Schedine", "", Tipo::Sottomenu, ""},
-    {"mnuProssimoConcorso", "Schedina infrasettimanale", "mnuSchedina", Tipo::Voce,
+    {"mnuGestione", "&Gestione archivi", "", Tipo::Sottomenu, ""},
+    {"mnuArchivio", "&Visualizza archivio", "mnuGestione", Tipo::Voce, "frmArchivio"},
+    {"mnuInserisci", "&Inserisci colonna", "mnuGestione", Tipo::Voce, "frmInserisci"},
+    {"mnuModifica", "&Modifica archivio", "mnuGestione", Tipo::Voce, ""},
+    {"mnuSchedina", "&Pronostici && Schedine", "", Tipo::Sottomenu, ""},
+    {"mnuProssimoConcorso", "Schedina &infrasettimanale", "mnuSchedina", Tipo::Voce,
      "frmSchedinaProssimoConcorso"},
-    {"mnuSchedinaSabato", "Schedina del Sabato", "mnuSchedina", Tipo::Voce, "frmSchedinaSabato"},
-    {"mnuSchedinaDomenica", "Schedina della Domenica", "mnuSchedina", Tipo::Voce,
+    {"mnuSchedinaSabato", "Schedina del &Sabato", "mnuSchedina", Tipo::Voce, "frmSchedinaSabato"},
+    {"mnuSchedinaDomenica", "Schedina della &Domenica", "mnuSchedina", Tipo::Voce,
      "frmSchedinaDomenica"},
-    {"mnuAggManual", "Aggiorna manualmente", "mnuSchedina", Tipo::Voce, "frmAggManual"},
-    {"mnuQuote", "Le Quote", "mnuSchedina", Tipo::Voce, "frmQuote"},
-    {"mnuFunzioni", "Funzioni", "", Tipo::Sottomenu, ""},
-    {"mnuPannelloSegni", "Le Terzine e La cinquina", "mnuFunzioni", Tipo::Voce, "frmPannelloSegni"},
-    {"mnuCinquineMai", "Le Cinquine mai uscite", "mnuFunzioni", Tipo::Voce, "frmCinquineMai"},
-    {"mnuDettagliCV", "Dettagli ultima CV", "mnuFunzioni", Tipo::Voce, "frmDettagliUltimaCV"},
-    {"mnuAnalisi9", "Analisi del \"9\"", "mnuFunzioni", Tipo::Voce, "frmColonne9"},
-    {"mnuStatSegni", "Statistica dei 14 segni", "mnuFunzioni", Tipo::Voce, "frmStatSegni"},
-    {"mnuFormule", "Formule derivate", "mnuFunzioni", Tipo::Voce, "frmFormule"},
-    {"mnuCampionato", "Campionato", "", Tipo::Sottomenu, ""},
-    {"mnuVisCampionato", "Visualizza campionato", "mnuCampionato", Tipo::Voce, "frmCampionato"},
-    {"mnuGestisciSquadre", "Gestisci squadre", "mnuCampionato", Tipo::Voce, "frmGestSquadre"},
-    {"mnuAggiornaCampionato", "Aggiorna campionato 2011-2012", "mnuCampionato", Tipo::Voce, ""},
-    {"mnuAggiornaCampionatiStranieri", "Aggiorna Campionati Stranieri", "mnuCampionato", Tipo::Voce,
-     "frmAggiornaConcorsiStranieri"},
-    {"mnuInternet", "Aggiorna da Internet", "", Tipo::Sottomenu, ""},
-    {"mnuTutto", "Tutto", "mnuInternet", Tipo::Sottomenu, ""},
-    {"mnuCampionatoItaliano", "Campionato italiano", "mnuTutto", Tipo::Voce, "frmInternet"},
-    {"mnuCampionatiStranieri", "Campionati stranieri", "mnuTutto", Tipo::Voce, ""},
-    {"mnuPartiStraniere", "Parti", "mnuInternet", Tipo::Sottomenu, ""},
-    {"mnuSoloArchivi", "Solo Archivi (Aggiorna/Ripara)", "mnuPartiStraniere", Tipo::Voce,
+    {"mnuAggManual", "&Aggiorna manualmente", "mnuSchedina", Tipo::Voce, "frmAggManual"},
+    {"mnuQuote", "Le &Quote", "mnuSchedina", Tipo::Voce, "frmQuote"},
+    {"mnuFunzioni", "&Funzioni", "", Tipo::Sottomenu, ""},
+    {"mnuPannelloSegni", "Le &Terzine e La cinquina", "mnuFunzioni", Tipo::Voce,
+     "frmPannelloSegni"},
+    {"mnuCinquineMai", "Le &Cinquine mai uscite", "mnuFunzioni", Tipo::Voce, "frmCinquineMai"},
+    {"mnuDettagliCV", "&Dettagli ultima CV", "mnuFunzioni", Tipo::Voce, "frmDettagliUltimaCV"},
+    {"mnuAnalisi9", "&Analisi del \"9\"", "mnuFunzioni", Tipo::Voce, "frmColonne9"},
+    {"mnuStatSegni", "&Statistica dei 14 segni", "mnuFunzioni", Tipo::Voce, "frmStatSegni"},
+    {"mnuFormule", "&Formule derivate", "mnuFunzioni", Tipo::Voce, "frmFormule"},
+    {"mnuCampionato", "&Campionato", "", Tipo::Sottomenu, ""},
+    {"mnuVisCampionato", "&Visualizza campionato", "mnuCampionato", Tipo::Voce, "frmCampionato"},
+    {"mnuGestisciSquadre", "&Gestisci squadre", "mnuCampionato", Tipo::Voce, "frmGestSquadre"},
+    {"mnuAggiornaCampionato", "&Aggiorna campionato 2011-2012", "mnuCampionato", Tipo::Voce, ""},
+    {"mnuAggiornaCampionatiStranieri", "Aggiorna Campionati &Stranieri", "mnuCampionato",
+     Tipo::Voce, "frmAggiornaConcorsiStranieri"},
+    {"mnuInternet", "&Aggiorna da Internet", "", Tipo::Sottomenu, ""},
+    {"mnuTutto", "&Tutto", "mnuInternet", Tipo::Sottomenu, ""},
+    {"mnuCampionatoItaliano", "Campionato &italiano", "mnuTutto", Tipo::Voce, "frmInternet"},
+    {"mnuCampionatiStranieri", "Campionati &stranieri", "mnuTutto", Tipo::Voce, ""},
+    {"mnuPartiStraniere", "&Parti", "mnuInternet", Tipo::Sottomenu, ""},
+    {"mnuSoloArchivi", "Solo &Archivi (Aggiorna/Ripara)", "mnuPartiStraniere", Tipo::Voce,
      "frmAggiornaSoloArchivi"},
-    {"mnuSoloClassifiche", "Solo Classifiche", "mnuPartiStraniere", Tipo::Sottomenu, ""},
-    {"mnuTutte", "Campionato italiano", "mnuSoloClassifiche", Tipo::Voce,
+    {"mnuSoloClassifiche", "Solo &Classifiche", "mnuPartiStraniere", Tipo::Sottomenu, ""},
+    {"mnuTutte", "Campionato &italiano", "mnuSoloClassifiche", Tipo::Voce,
      "frmAggiornaSoloClassifiche"},
-    {"mnuParti", "Straniere per parti", "mnuSoloClassifiche", Tipo::Sottomenu, ""},
-    {"mnuInghilterra", "Inghilterra", "mnuParti", Tipo::Voce, ""},
-    {"mnuSpagna", "Spagna", "mnuParti", Tipo::Voce, ""},
-    {"mnuGermania", "Germania", "mnuParti", Tipo::Voce, ""},
-    {"mnuFrancia", "Francia", "mnuParti", Tipo::Voce, ""},
-    {"mnuOlanda", "Olanda", "mnuParti", Tipo::Voce, ""},
-    {"mnuScozia", "Scozia", "mnuParti", Tipo::Voce, ""},
-    {"mnuPortogallo", "Portogallo", "mnuParti", Tipo::Voce, ""},
-    {"mnuSvizzera", "Svizzera", "mnuParti", Tipo::Voce, ""},
-    {"mnuAustria", "Austria", "mnuParti", Tipo::Voce, ""},
-    {"mnuGrecia", "Grecia", "mnuParti", Tipo::Voce, ""},
-    {"mnuBelgio", "Belgio", "mnuParti", Tipo::Voce, ""},
-    {"mnuArgentinaAp", "Argentina Ap", "mnuParti", Tipo::Voce, ""},
-    {"mnuSoloSchedinaMontepremi", "Solo Schedine e Picchetti", "mnuPartiStraniere", Tipo::Voce,
+    {"mnuParti", "&Straniere per parti", "mnuSoloClassifiche", Tipo::Sottomenu, ""},
+    {"mnuInghilterra", "I&nghilterra", "mnuParti", Tipo::Voce, ""},
+    {"mnuSpagna", "&Spagna", "mnuParti", Tipo::Voce, ""},
+    {"mnuGermania", "&Germania", "mnuParti", Tipo::Voce, ""},
+    {"mnuFrancia", "&Francia", "mnuParti", Tipo::Voce, ""},
+    {"mnuOlanda", "&Olanda", "mnuParti", Tipo::Voce, ""},
+    {"mnuScozia", "Sco&zia", "mnuParti", Tipo::Voce, ""},
+    {"mnuPortogallo", "&Portogallo", "mnuParti", Tipo::Voce, ""},
+    {"mnuSvizzera", "S&vizzera", "mnuParti", Tipo::Voce, ""},
+    {"mnuAustria", "A&ustria", "mnuParti", Tipo::Voce, ""},
+    {"mnuGrecia", "G&recia", "mnuParti", Tipo::Voce, ""},
+    {"mnuBelgio", "Be&lgio", "mnuParti", Tipo::Voce, ""},
+    {"mnuArgentinaAp", "Argen&tina Ap", "mnuParti", Tipo::Voce, ""},
+    {"mnuSoloSchedinaMontepremi", "Solo &Schedine e Picchetti", "mnuPartiStraniere", Tipo::Voce,
      "frmAggiornaSoloSchedinaMontepremi"},
-    {"mnuAggQuote", "Quote", "mnuPartiStraniere", Tipo::Voce, ""},
-    {"mnuClassifiche", "Classifiche", "", Tipo::Sottomenu, ""},
-    {"mnuSerieA", "Serie A", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuSerieB", "Serie B", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuSerieC1A", "Serie C1A", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuSerieC1B", "Serie C1B", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuSerieC2A", "Serie C2A", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuSerieC2B", "Serie C2B", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuSerieC2C", "Serie C2C", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuClassInghilterra", "Inghilterra", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuClassSpagna", "Spagna", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuClassGermania", "Germania", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuClassFrancia", "Francia", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuClassOlanda", "Olanda", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuClassScozia", "Scozia", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuClassPortogallo", "Portogallo", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuClassSvizzera", "Svizzera", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuClassAustria", "Austria", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuClassGrecia", "Grecia", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuClassBelgio", "Belgio", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuClassArgentinaAp", "Argentina Ap", "mnuClassifiche", Tipo::Voce, ""},
-    {"mnuInfo", "Info", "", Tipo::Sottomenu, ""},
-    {"mnuCredits", "Credits", "mnuInfo", Tipo::Voce, ""},
-    {"mnuInformazioni", "Informazioni su Vespara", "mnuInfo", Tipo::Voce, ""},
-    {"mnuAggiornamenti", "Verifica Aggiornamenti", "mnuInfo", Tipo::Voce, ""},
-    {"mnuComunicazioni", "Comunicazioni OnLine", "mnuInfo", Tipo::Voce, ""},
-    {"mnuGuida", "Guida in linea", "mnuInfo", Tipo::Voce, ""},
-    {"mnuNovita", "Le Novità di questa Versione", "mnuInfo", Tipo::Voce, "frmRelease"},
-    {"mnuLotto", "Altri Giochi", "mnuInfo", Tipo::Voce, ""},
-    {"mnuEsci", "Esci", "", Tipo::Voce, ""},
+    {"mnuAggQuote", "&Quote", "mnuPartiStraniere", Tipo::Voce, ""},
+    {"mnuClassifiche", "C&lassifiche", "", Tipo::Sottomenu, ""},
+    {"mnuSerieA", "Serie &A", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuSerieB", "Serie &B", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuSerieC1A", "Serie C&1A", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuSerieC1B", "S&erie C1B", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuSerieC2A", "Serie C&2A", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuSerieC2B", "Ser&ie C2B", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuSerieC2C", "Serie &C2C", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassInghilterra", "I&nghilterra", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassSpagna", "&Spagna", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassGermania", "&Germania", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassFrancia", "&Francia", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassOlanda", "&Olanda", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassScozia", "Sco&zia", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassPortogallo", "&Portogallo", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassSvizzera", "S&vizzera", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassAustria", "A&ustria", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassGrecia", "G&recia", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassBelgio", "Be&lgio", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuClassArgentinaAp", "Argen&tina Ap", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuInfo", "&Info", "", Tipo::Sottomenu, ""},
+    {"mnuCredits", "&Credits", "mnuInfo", Tipo::Voce, ""},
+    {"mnuInformazioni", "&Informazioni su Vespara", "mnuInfo", Tipo::Voce, ""},
+    {"mnuAggiornamenti", "&Verifica Aggiornamenti", "mnuInfo", Tipo::Voce, ""},
+    {"mnuComunicazioni", "C&omunicazioni OnLine", "mnuInfo", Tipo::Voce, ""},
+    {"mnuGuida", "&Guida in linea", "mnuInfo", Tipo::Voce, ""},
+    {"mnuNovita", "Le &Novità di questa Versione", "mnuInfo", Tipo::Voce, "frmRelease"},
+    {"mnuLotto", "&Altri Giochi", "mnuInfo", Tipo::Voce, ""},
+    {"mnuEsci", "&Esci", "", Tipo::Voce, ""},
 };
 
 struct PulsanteBarra {
@@ -256,6 +260,7 @@ void MdiPannello::creaCruscotto() {
 
     m_lblData = new QLabel(picUltima);
     m_lblData->setObjectName(u"lblData"_s);
+    m_lblData->setToolTip(u"L'anno e il numero (n.) del concorso."_s);
     QFont fData = m_lblData->font();
     fData.setPointSizeF(fData.pointSizeF() * 1.15);
     fData.setBold(true);
@@ -263,8 +268,15 @@ void MdiPannello::creaCruscotto() {
 
     m_lblDati9 = new QLabel(picUltima);
     m_lblDati9->setObjectName(u"lblDati9"_s);
+    m_lblDati9->setToolTip(Glossario::formulaNove());
     m_lblDati = new QLabel(picUltima);
     m_lblDati->setObjectName(u"lblDati"_s);
+    // The abbreviations of Colonna::lineaQuattordici, one a line.
+    m_lblDati->setToolTip(QStringList{Glossario::formulaQuattordici(),
+                                      Glossario::sigla(u"Int."_s, Glossario::interruzioni()),
+                                      Glossario::sigla(u"Simm."_s, Glossario::simmetrie()),
+                                      Glossario::sigla(u"Paral."_s, Glossario::parallele())}
+                              .join(u'\n'));
     for (QLabel *l : {m_lblDati9, m_lblDati}) {
         QFont f = l->font();
         f.setPointSizeF(f.pointSizeF() * 1.1);

@@ -10,6 +10,8 @@ MdiScorrimento::MdiScorrimento(QWidget *schermo)
     : m_schermo(schermo) {
     setObjectName(u"scorrimento"_s);
     setFrameShape(QFrame::NoFrame);
+    // The focus goes to the screen's controls, never to the scroll area around them.
+    setFocusPolicy(Qt::NoFocus);
     setWidgetResizable(true);
     setWidget(schermo);
     setWindowTitle(schermo->windowTitle());

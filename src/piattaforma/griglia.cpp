@@ -273,6 +273,7 @@ void Griglia::pulisci() {
         riga.formati.clear();
     }
     m_nomiCaratteri.clear();
+    m_suggerimenti.clear();
     celleCambiate(0, 0, righe() - 1, m_colonne - 1);
 }
 
@@ -514,20 +515,40 @@ QString Griglia::nomeCarattere(int r, int c) const {
     return f && f->carattere > 0 ? m_nomiCaratteri.at(f->carattere - 1) : QString();
 }
 
+quint16 Griglia::voceTabella(QStringList &tabella, const QString &testo) {
+    // A screen names one or two fonts and a few explanations: a short table beats a QString per
+    // cell.
+    if (testo.isEmpty())
+        return 0;
+    qsizetype i = tabella.indexOf(testo);
+    if (i < 0) {
+        if (tabella.size() >= 0xFFFF)
+            throw ErroreEsecuzione(u"Troppi testi diversi nei formati della griglia."_s);
+        i = tabella.size();
+        tabella.append(testo);
+    }
+    return quint16(i + 1);
+}
+
 void Griglia::setNomeCarattere(int r, int c, const QString &nome) {
     Formato &f = formatoScrivibile(r, c);
-    if (nome.isEmpty()) {
-        f.carattere = 0;
-    } else {
-        // A screen names one or two fonts: a short table beats a QString per cell.
-        qsizetype i = m_nomiCaratteri.indexOf(nome);
-        if (i < 0) {
-            i = m_nomiCaratteri.size();
-            m_nomiCaratteri.append(nome);
-        }
-        f.carattere = quint16(i + 1);
-    }
+    f.carattere = voceTabella(m_nomiCaratteri, nome);
     celleCambiate(r, c, r, c, {Qt::FontRole});
+}
+
+QString Griglia::suggerimento(int r, int c) const {
+    const Formato *f = formato(r, c);
+    return f && f->suggerimento > 0 ? m_suggerimenti.at(f->suggerimento - 1) : QString();
+}
+
+void Griglia::setSuggerimento(int r, int c, const QString &testo) {
+    // Checked before the format grows: a cell without a tool tip needs none.
+    controlla(r, c);
+    if (testo.isEmpty() && !formato(r, c))
+        return;
+    const quint16 voce = voceTabella(m_suggerimenti, testo);
+    formatoScrivibile(r, c).suggerimento = voce;
+    celleCambiate(r, c, r, c, {Qt::ToolTipRole});
 }
 
 void Griglia::celleCambiate(int r1, int c1, int r2, int c2, const QList<int> &ruoli) {
@@ -581,6 +602,10 @@ QVariant Griglia::data(const QModelIndex &index, int role) const {
         font.setBold(f->bandiere & Formato::Grassetto);
         return font;
     }
+    case Qt::ToolTipRole:
+        if (f && f->suggerimento > 0)
+            return m_suggerimenti.at(f->suggerimento - 1);
+        return {};
     case Qt::TextAlignmentRole: {
         const Allineamento a = f && f->allineamento != Formato::SenzaAllineamento
                                    ? static_cast<Allineamento>(f->allineamento)

@@ -115,6 +115,10 @@ public:
     void setDimensioneCarattere(int r, int c, qreal punti);
     QString nomeCarattere(int r, int c) const; // empty: the default
     void setNomeCarattere(int r, int c, const QString &nome);
+    // The tool tip of a cell (Qt::ToolTipRole), for what its text abbreviates; empty: none. On
+    // the header row it is the header's tool tip.
+    QString suggerimento(int r, int c) const;
+    void setSuggerimento(int r, int c, const QString &testo);
 
     [[nodiscard]] Blocco inBlocco();
     bool bloccata() const { return m_blocchi > 0; }
@@ -132,7 +136,7 @@ signals:
     void dimensioniCambiate();
 
 private:
-    // The format of a cell, 16 bytes; most rows have none at all.
+    // The format of a cell, 20 bytes; most rows have none at all.
     struct Formato {
         enum : quint8 { HaSfondo = 1, HaColore = 2, Grassetto = 4 };
         static constexpr quint8 SenzaAllineamento = 0xFF;
@@ -142,6 +146,7 @@ private:
         quint16 carattere = 0; // 1 + index in m_nomiCaratteri, 0: the default
         quint8 allineamento = SenzaAllineamento;
         quint8 bandiere = 0;
+        quint16 suggerimento = 0; // 1 + index in m_suggerimenti, 0: none
     };
     struct Riga {
         QList<QString> celle;
@@ -155,6 +160,8 @@ private:
     void controllaDimensione(int n) const;
     Riga nuovaRiga() const;
     const Formato *formato(int r, int c) const;
+    // 1 + the index of the text in the table (added when new), 0 for an empty text.
+    static quint16 voceTabella(QStringList &tabella, const QString &testo);
     Formato &formatoScrivibile(int r, int c);
     void celleCambiate(int r1, int c1, int r2, int c2, const QList<int> &ruoli = {});
     void dimensioniModificate();
@@ -169,6 +176,7 @@ private:
     std::vector<Allineamento> m_allineamentiColonna;
     int m_altezzaRighe = AltezzaPredefinita;
     QStringList m_nomiCaratteri;
+    QStringList m_suggerimenti;
     int m_blocchi = 0;
     bool m_dimensioniInSospeso = false;
 };

@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyledItemDelegate>
+#include <QStyleOptionHeader>
 
 using namespace Qt::StringLiterals;
 
@@ -40,6 +41,72 @@ public:
     }
 };
 
+// The frozen header. The arrow of the order is drawn small, at the right of the caption, when the
+// caption leaves room for it: the style's own arrow takes a wider strip off every caption, and the
+// program's columns are narrow ("Freq." would lose its full stop). Without room, the style's.
+class Intestazione : public QHeaderView {
+public:
+    explicit Intestazione(QWidget *genitore)
+        : QHeaderView(Qt::Horizontal, genitore) {}
+
+protected:
+    void initStyleOptionForIndex(QStyleOptionHeader *opzione, int sezione) const override {
+        QHeaderView::initStyleOptionForIndex(opzione, sezione);
+        if (sezione == m_frecciaPropria)
+            opzione->sortIndicator = QStyleOptionHeader::None;
+    }
+
+    void paintSection(QPainter *painter, const QRect &rect, int sezione) const override {
+        const bool ordinata = isSortIndicatorShown() && sortIndicatorSection() == sezione;
+        const QRect freccia = ordinata ? posto(rect, sezione) : QRect();
+        m_frecciaPropria = freccia.isValid() ? sezione : -1;
+        // The style leaves the painter clipped to nothing after a section.
+        painter->save();
+        QHeaderView::paintSection(painter, rect, sezione);
+        painter->restore();
+        m_frecciaPropria = -1;
+        if (!freccia.isValid())
+            return;
+        QStyleOptionHeader opzione;
+        initStyleOption(&opzione);
+        opzione.rect = freccia;
+        // The direction as QHeaderView gives it to the style.
+        opzione.sortIndicator = sortIndicatorOrder() == Qt::AscendingOrder
+                                    ? QStyleOptionHeader::SortDown
+                                    : QStyleOptionHeader::SortUp;
+        style()->drawPrimitive(QStyle::PE_IndicatorHeaderArrow, &opzione, painter, this);
+    }
+
+private:
+    // The square of the small arrow, or nothing when the caption leaves no room at its right.
+    QRect posto(const QRect &sezioneRect, int sezione) const {
+        const QAbstractItemModel *m = model();
+        if (!m)
+            return {};
+        QFont font = this->font();
+        const QVariant proprio = m->headerData(sezione, orientation(), Qt::FontRole);
+        if (proprio.canConvert<QFont>())
+            font = qvariant_cast<QFont>(proprio).resolve(font);
+        const QString testo = m->headerData(sezione, orientation(), Qt::DisplayRole).toString();
+        const QVariant allineamento = m->headerData(sezione, orientation(), Qt::TextAlignmentRole);
+        const Qt::Alignment verso =
+            allineamento.isValid() ? Qt::Alignment(allineamento.toInt()) : defaultAlignment();
+        const int margine = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this);
+        const int lato = std::max(5, sezioneRect.height() / 3);
+        const int libero =
+            sezioneRect.width() - 2 * margine - QFontMetrics(font).horizontalAdvance(testo);
+        const int aDestra = verso & Qt::AlignRight     ? 0
+                            : verso & Qt::AlignHCenter ? libero / 2
+                                                       : libero;
+        if (aDestra < lato + 2)
+            return {};
+        return QRect(sezioneRect.right() - margine / 2 - lato + 1,
+                     sezioneRect.center().y() - lato / 2, lato, lato);
+    }
+
+    mutable int m_frecciaPropria = -1;
+};
+
 } // namespace
 
 VistaGriglia::VistaGriglia(QWidget *parent)
@@ -60,6 +127,7 @@ VistaGriglia::VistaGriglia(QWidget *parent)
     verticalHeader()->setMinimumSectionSize(0);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
 
+    setHorizontalHeader(new Intestazione(this));
     QHeaderView *intestazione = horizontalHeader();
     intestazione->hide();
     intestazione->setMinimumSectionSize(0);
@@ -67,7 +135,18 @@ VistaGriglia::VistaGriglia(QWidget *parent)
     intestazione->setStretchLastSection(false);
     intestazione->setSectionsClickable(false);
     intestazione->setHighlightSections(false);
+    intestazione->setSortIndicatorShown(false);
     intestazione->viewport()->installEventFilter(this);
+    // A pressed section would make its column current and select it: what a click on the header
+    // does is the screen's business alone.
+    disconnect(intestazione, &QHeaderView::sectionPressed, this, nullptr);
+    disconnect(intestazione, &QHeaderView::sectionEntered, this, nullptr);
+    connect(intestazione, &QHeaderView::sectionClicked, this, [this](int colonna) {
+        // The header turns its own arrow on a click; the arrow is the screen's to set.
+        applicaOrdine();
+        if (m_griglia && colonna >= 0 && colonna < m_griglia->colonne())
+            emit clicIntestazione(colonna);
+    });
 }
 
 VistaGriglia::~VistaGriglia() = default;
@@ -114,6 +193,7 @@ void VistaGriglia::setGriglia(Griglia *griglia) {
         connect(griglia, &Griglia::columnsInserted, this, ripristinaDopoColonne),
     };
     m_rigaSalvata = m_colonnaSalvata = -1;
+    nascondiOrdine();
     dopoIlReset();
 }
 
@@ -159,6 +239,46 @@ void VistaGriglia::aggiornaAltezze() {
         if (altezza != predefinita)
             setRowHeight(r, Griglia::twipsInPixel(altezza));
     }
+}
+
+// --- header
+
+void VistaGriglia::setIntestazioneCliccabile(bool si) {
+    horizontalHeader()->setSectionsClickable(si);
+}
+
+bool VistaGriglia::intestazioneCliccabile() const {
+    return horizontalHeader()->sectionsClickable();
+}
+
+void VistaGriglia::mostraOrdine(int colonna, Griglia::Verso verso) {
+    if (!m_griglia || colonna < 0 || colonna >= m_griglia->colonne())
+        throw ErroreEsecuzione(u"Indice di riga o di colonna non valido nella griglia."_s);
+    m_colonnaOrdine = colonna;
+    m_versoOrdine = verso;
+    applicaOrdine();
+}
+
+void VistaGriglia::nascondiOrdine() {
+    m_colonnaOrdine = -1;
+    applicaOrdine();
+}
+
+int VistaGriglia::colonnaOrdine() const {
+    return m_colonnaOrdine;
+}
+
+Griglia::Verso VistaGriglia::versoOrdine() const {
+    return m_versoOrdine;
+}
+
+void VistaGriglia::applicaOrdine() {
+    QHeaderView *intestazione = horizontalHeader();
+    const QSignalBlocker silenzio(intestazione);
+    intestazione->setSortIndicator(m_colonnaOrdine, m_versoOrdine == Griglia::Verso::Crescente
+                                                        ? Qt::AscendingOrder
+                                                        : Qt::DescendingOrder);
+    intestazione->setSortIndicatorShown(m_colonnaOrdine >= 0);
 }
 
 // --- current cell

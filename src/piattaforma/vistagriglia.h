@@ -1,10 +1,10 @@
 #pragma once
 
+#include "piattaforma/griglia.h"
+
 #include <QPersistentModelIndex>
 #include <QPointer>
 #include <QTableView>
-
-class Griglia;
 
 // Shows a Griglia the way the program's grids have always looked: the fixed rows are the header,
 // one current cell drawn as a frame (so cell colours stay visible), no selection, grey lines.
@@ -13,6 +13,9 @@ class Griglia;
 // header (Griglia::headerData) and the view hides row 0 of the body. The row numbers stay the
 // grid's own throughout, with no proxy in between. With more fixed rows they are the first rows of
 // the body, drawn grey; fixed columns are drawn grey and scroll with the rest.
+//
+// A grid that sorts by its columns makes the frozen header clickable: a click on a column's header
+// is told by clicIntestazione, and the screen shows the order it holds with mostraOrdine.
 class VistaGriglia : public QTableView {
     Q_OBJECT
 
@@ -33,11 +36,25 @@ public:
     void adattaLarghezza();
     void setCellaCorrente(int r, int c);
 
+    // Whether the frozen header answers a click of the left button (with clicIntestazione);
+    // off unless asked, so a header that does nothing never looks like a button.
+    void setIntestazioneCliccabile(bool si);
+    bool intestazioneCliccabile() const;
+    // The sort indicator on the header of `colonna`, pointing the rows' direction, while the
+    // rows stand in that order; nascondiOrdine takes it off (the rows are in no column's order).
+    void mostraOrdine(int colonna, Griglia::Verso verso);
+    void nascondiOrdine();
+    // The column whose order is shown, -1 when none, and its direction.
+    int colonnaOrdine() const;
+    Griglia::Verso versoOrdine() const;
+
 signals:
     void clic(int riga, int colonna);
     void doppioClic(int riga, int colonna);
     // On release of the right button, with the cell under the mouse (-1, -1 if none).
     void tastoDestro(int riga, int colonna);
+    // A click of the left button on the header of a column (a clickable frozen header only).
+    void clicIntestazione(int colonna);
 
 protected:
     void mousePressEvent(QMouseEvent *event) override;
@@ -56,10 +73,13 @@ private:
     void salvaCella();
     void dopoIlReset();
     void ripristinaCella();
+    void applicaOrdine();
 
     QPointer<Griglia> m_griglia;
     QList<QMetaObject::Connection> m_connessioni;
     QPersistentModelIndex m_premuto; // left press on a body cell, waiting for its release
     int m_rigaSalvata = -1;          // current cell kept across a reset or a removal
     int m_colonnaSalvata = -1;
+    int m_colonnaOrdine = -1; // the column whose order the header shows, -1: none
+    Griglia::Verso m_versoOrdine = Griglia::Verso::Decrescente;
 };

@@ -1,5 +1,6 @@
 #include "stampa/frmanteprima.h"
 
+#include "core/mditastiera.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/dispositivopittore.h"
@@ -126,8 +127,10 @@ FrmAnteprima::FrmAnteprima(StatoProgramma &stato, QList<RecordPagina> record, QW
                 [this, azione] { eseguiProtetto(m_stato.dialoghi(), azione); });
         return a;
     };
-    chiave(
-        u"Stampa"_s, u"Stampa"_s, [this] { stampa(); }, QKeySequence(Qt::CTRL | Qt::Key_P));
+    QAction *azioneStampa = chiave(
+        u"Stampa"_s, u"Stampa"_s, [this] { stampa(); }, MdiTastiera::tastoStampa());
+    // Ctrl+P as on every screen that prints, with the focus anywhere in the preview.
+    MdiTastiera::stampa(this, azioneStampa);
     QAction *zoom = chiave(u"Zoom"_s, u"Scala dell'anteprima"_s, [] {});
     auto *menuZoom = new QMenu(this);
     const auto voceZoom = [this, menuZoom](const QString &nome, int passo) {

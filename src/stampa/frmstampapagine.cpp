@@ -79,12 +79,7 @@ FrmStampaPagine::FrmStampaPagine(StatoProgramma &stato, FrmAnteprima &anteprima)
 
     connect(command1, &QPushButton::clicked, this,
             [this] { eseguiProtetto(m_stato.dialoghi(), [this] { stampa(); }); });
-    connect(command2, &QPushButton::clicked, this, [this] {
-        // Stops a print under way, at its next page.
-        m_annullato = true;
-        if (!m_inStampa)
-            reject();
-    });
+    connect(command2, &QPushButton::clicked, this, &FrmStampaPagine::reject);
     connect(command3, &QPushButton::clicked, this, [this] { m_stampante->scegli(); });
     connect(command4, &QPushButton::clicked, this, [this] {
         m_sPag->setCurrentIndex(m_anteprima.paginaMostrata() - 1);
@@ -93,6 +88,14 @@ FrmStampaPagine::FrmStampaPagine(StatoProgramma &stato, FrmAnteprima &anteprima)
 }
 
 FrmStampaPagine::~FrmStampaPagine() = default;
+
+void FrmStampaPagine::reject() {
+    // "Annulla", Esc and the window's close button: a print under way stops at its next page,
+    // and the window goes once it has stopped.
+    m_annullato = true;
+    if (!m_inStampa)
+        QDialog::reject();
+}
 
 QString FrmStampaPagine::domanda(int prima, int ultima) {
     if (prima < ultima)

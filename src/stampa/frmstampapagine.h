@@ -25,6 +25,9 @@ public:
     static QString nomeDocumento();
     bool annullato() const { return m_annullato; }
 
+public slots:
+    void reject() override;
+
 private:
     void stampa();
 

@@ -27,4 +27,14 @@ QString errore(const std::function<void()> &azione) {
     return QString();
 }
 
+QString testoMostrato(const QString &didascalia) {
+    QString testo;
+    for (qsizetype i = 0; i < didascalia.size(); ++i) {
+        if (didascalia.at(i) == u'&' && ++i == didascalia.size())
+            break;
+        testo += didascalia.at(i);
+    }
+    return testo;
+}
+
 } // namespace StrumentiProva

@@ -15,5 +15,7 @@ QByteArray contenuto(const QString &percorso);
 bool scriviGrezzo(const QString &percorso, const QByteArray &byte);
 // The text of the fault that `azione` raises; a null text when it raises none.
 QString errore(const std::function<void()> &azione);
+// A caption as the menu shows it: each "&" that marks an access key is dropped, "&&" is one "&".
+QString testoMostrato(const QString &didascalia);
 
 } // namespace StrumentiProva
