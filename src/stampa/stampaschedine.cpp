@@ -1,5 +1,6 @@
 #include "stampa/stampaschedine.h"
 
+#include "core/colonna.h"
 #include "core/numeritesto.h"
 #include "piattaforma/dispositivodisegno.h"
 #include "piattaforma/erroreesecuzione.h"
@@ -26,13 +27,8 @@ QString StampaSchedine::controlla(const QString &da, const QString &a,
 }
 
 int StampaSchedine::rigaDi(QStringView segno) {
-    if (segno == u"1")
-        return 0;
-    if (segno == u"X")
-        return 1;
-    if (segno == u"2")
-        return 2;
-    return -1;
+    // The rows run in the order of the signs: "1", "X", "2".
+    return int(Colonna::segni().indexOf(segno));
 }
 
 void StampaSchedine::segno(DispositivoDisegno &dispositivo, double x, double y) {
