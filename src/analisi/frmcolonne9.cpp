@@ -16,6 +16,7 @@
 #include "stampa/documentopagine.h"
 #include "stampa/esportazioneexcel.h"
 #include "stampa/frmanteprima.h"
+#include "stampa/frmstampa.h"
 
 #include <QApplication>
 #include <QButtonGroup>
@@ -496,10 +497,17 @@ QWidget *FrmColonne9::creaRicerca() {
     imgStampa->setToolTip(u"Stampa Prospetto"_s);
     connect(imgStampa, &QPushButton::clicked, this, [this] { stampaProspetto(); });
     MdiTastiera::stampa(this, imgStampa);
-    // The play slips come with the slip printer.
     auto *imgStampaSchedine = pulsante(u"imgStampaSchedine"_s, u"Stampa schedine"_s);
     imgStampaSchedine->setToolTip(u"Stampa schedine"_s);
-    imgStampaSchedine->setEnabled(false);
+    connect(imgStampaSchedine, &QPushButton::clicked, this, [this] { stampaSchedine(); });
+    // Only a grid with columns has something to hand to the slip printer.
+    const auto abilita = [this, imgStampaSchedine] {
+        imgStampaSchedine->setEnabled(m_griglia->righe() >= 2);
+    };
+    abilita();
+    connect(m_griglia, &QAbstractItemModel::modelReset, imgStampaSchedine, abilita);
+    connect(m_griglia, &QAbstractItemModel::rowsInserted, imgStampaSchedine, abilita);
+    connect(m_griglia, &QAbstractItemModel::rowsRemoved, imgStampaSchedine, abilita);
     for (QPushButton *p : {imgStampa, imgStampaSchedine}) {
         p->setIcon(style()->standardIcon(QStyle::SP_FileDialogDetailedView));
         p->setCursor(Qt::PointingHandCursor);
@@ -673,6 +681,26 @@ void FrmColonne9::stampaProspetto() {
         StampaColonne9::scrivi(documento, *m_griglia, EsportazioneExcel::oggi());
         FrmAnteprima::avvia(m_stato,
                             m_stato.registro() ? m_stato.registro()->finestra() : window());
+    });
+}
+
+void FrmColonne9::stampaSchedine() {
+    eseguiProtetto(m_stato.dialoghi(), [&] {
+        const int righe = m_griglia->righe();
+        if (righe < 2)
+            return;
+        // The grid's rows as they stand, in their order: column 1 holds the nine signs.
+        m_stato.ColonneStampa.clear();
+        m_stato.ColonneStampa.reserve(righe - 1);
+        for (int r = 1; r < righe; ++r)
+            m_stato.ColonneStampa.append(m_griglia->testo(r, 1));
+        m_stato.PrimaColonnaStampa = 1;
+        m_stato.UltimaColonnaStampa = qint16(righe - 1);
+        if (!m_stato.registro())
+            return;
+        if (auto *schermo =
+                qobject_cast<FrmStampa *>(m_stato.registro()->apriSchermo(u"frmStampa"_s)))
+            schermo->consegna(righe - 1);
     });
 }
 

@@ -53,6 +53,8 @@ private:
     void cerca();
     // The list of the columns on paper, through the preview; the grid to Excel.
     void stampaProspetto();
+    // imgStampaSchedine: the grid's columns go to the slip printer.
+    void stampaSchedine();
     void esporta();
     // Runs one filter step: the busy cursor, the box it answers with, the count, the undo.
     void passo(const std::function<BancoColonne9::Esito()> &azione);

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "core/archiviocolonne.h"
+#include "piattaforma/stampanti.h"
 
 #include <QHash>
 #include <QString>
 #include <QStringList>
+#include <QVariant>
 
 #include <array>
 #include <memory>
@@ -31,6 +33,8 @@ public:
     Dialoghi &dialoghi() const { return m_dialoghi; }
     Impostazioni &impostazioni() const { return m_impostazioni; }
     Schermo &schermo() const { return m_schermo; }
+    // The printers of the system (the frame installs the list).
+    Stampanti &stampanti() { return m_stampanti; }
 
     // The update site: downloads and the probe. Its root is read from the environment and the
     // settings the first time it is used.
@@ -75,6 +79,20 @@ public:
     int ScostamentoOrizzontale = 0;
     int ScostamentoVerticale = 0;
 
+    // What the workspace of the 9 hands to the slip printer: ColonneStampa (column i at index
+    // i - 1, its first nine characters the signs of boxes 1 to 9), the interval of the run
+    // (PrimaColonnaStampa, UltimaColonnaStampa; an interval run leaves its own here).
+    QStringList ColonneStampa;
+    int PrimaColonnaStampa = 1;
+    qint16 UltimaColonnaStampa = 0;
+    // The lines of Vpprn.PRN in memory: room for exactly 10.
+    static constexpr int RighePerStampanti = 10;
+    std::array<QString, RighePerStampanti> RigheStampanti;
+    // The offsets of the current printer: the texts of the screen when it opens, their numbers
+    // at the start of each run.
+    QVariant PosXStampa;
+    QVariant PosYStampa;
+
     // OrientamentoPagina of the page documents: "orizzontale" is landscape, anything else portrait.
     QString OrientamentoPagina = QStringLiteral("verticale");
     // When set, every print goes to this PDF file instead of the printer (tests, and users with
@@ -97,6 +115,7 @@ private:
     Dialoghi &m_dialoghi;
     Impostazioni &m_impostazioni;
     Schermo &m_schermo;
+    Stampanti m_stampanti;
     std::unique_ptr<TabellaArchivio> m_tabella;
     std::unique_ptr<Rete> m_rete;
     RegistroSchermi *m_registro = nullptr;

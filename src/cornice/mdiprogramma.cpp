@@ -6,6 +6,7 @@
 #include "cornice/mdipannello.h"
 #include "cornice/mdischermi.h"
 #include "piattaforma/erroreesecuzione.h"
+#include "piattaforma/stampantiqt.h"
 
 #include <QCoreApplication>
 
@@ -20,6 +21,7 @@ MdiProgramma::MdiProgramma(const QString &cartellaDati, Dialoghi &dialoghi,
     QCoreApplication::setApplicationVersion(u"%1.%2.%3"_s.arg(VESPARA_VERSIONE_MAGGIORE)
                                                 .arg(VESPARA_VERSIONE_MINORE)
                                                 .arg(VESPARA_REVISIONE));
+    m_stato->stampanti().setElenco(&StampantiQt::nomi);
     m_pannello = std::make_unique<MdiPannello>(*m_stato);
     registraSchermi(*m_pannello);
 }

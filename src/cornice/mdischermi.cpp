@@ -9,6 +9,7 @@
 #include "archivio/frminserisci.h"
 #include "core/frmattendere.h"
 #include "cornice/mdipannello.h"
+#include "stampa/frmstampa.h"
 
 #include <QApplication>
 
@@ -20,6 +21,9 @@ void registraSchermi(MdiPannello &pannello) {
     });
     pannello.registraSchermo(u"frmColonne9"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmColonne9(stato);
+    });
+    pannello.registraSchermo(u"frmStampa"_s, [](StatoProgramma &stato, RegistroSchermi &) {
+        return new FrmStampa(stato);
     });
     pannello.registraSchermo(u"frmInserisci"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmInserisci(stato);

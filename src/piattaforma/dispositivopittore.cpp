@@ -32,6 +32,7 @@ QFont DispositivoPittore::font(const Carattere &carattere) {
 
 void DispositivoPittore::testo(QPointF posizione, const QString &testo, const Carattere &carattere,
                                const QColor &colore) {
+    voltaPagina();
     const QFont f = font(carattere);
     m_pittore.setFont(f);
     m_pittore.setPen(colore);
@@ -42,6 +43,7 @@ void DispositivoPittore::testo(QPointF posizione, const QString &testo, const Ca
 void DispositivoPittore::testoInRettangolo(const QRectF &rettangolo, const QString &testo,
                                            const Carattere &carattere, const QColor &colore,
                                            Qt::Alignment allineamento, bool aCapo) {
+    voltaPagina();
     m_pittore.save();
     m_pittore.setClipRect(rettangolo, Qt::IntersectClip);
     m_pittore.setFont(font(carattere));
@@ -51,12 +53,14 @@ void DispositivoPittore::testoInRettangolo(const QRectF &rettangolo, const QStri
 }
 
 void DispositivoPittore::linea(QPointF da, QPointF a, const QColor &colore) {
+    voltaPagina();
     m_pittore.setPen(penna(colore));
     m_pittore.drawLine(da, a);
 }
 
 void DispositivoPittore::rettangolo(const QRectF &r, const QColor &bordo,
                                     const QColor &riempimento) {
+    voltaPagina();
     m_pittore.setPen(bordo.isValid() ? penna(bordo) : QPen(Qt::NoPen));
     m_pittore.setBrush(riempimento.isValid() ? QBrush(riempimento) : QBrush(Qt::NoBrush));
     m_pittore.drawRect(r.normalized());
@@ -76,6 +80,7 @@ void DispositivoPittore::spessorePenna(int punti) {
 
 void DispositivoPittore::cerchio(QPointF centro, qreal raggio, const QColor &bordo,
                                  const QColor &riempimento) {
+    voltaPagina();
     m_pittore.setPen(bordo.isValid() ? penna(bordo) : QPen(Qt::NoPen));
     m_pittore.setBrush(riempimento.isValid() ? QBrush(riempimento) : QBrush(Qt::NoBrush));
     m_pittore.drawEllipse(centro, raggio, raggio);
@@ -83,12 +88,22 @@ void DispositivoPittore::cerchio(QPointF centro, qreal raggio, const QColor &bor
 }
 
 void DispositivoPittore::immagine(const QRectF &rettangolo, const QString &file) {
+    voltaPagina();
     const QImage figura(file);
     if (!figura.isNull())
         m_pittore.drawImage(rettangolo, figura);
 }
 
 void DispositivoPittore::nuovaPagina() {
+    m_paginaDaAprire = true;
+}
+
+void DispositivoPittore::voltaPagina() {
+    // The sheet is fed only when something goes on it: a document that turns its last page and
+    // ends there leaves no empty sheet.
+    if (!m_paginaDaAprire)
+        return;
+    m_paginaDaAprire = false;
     if (m_nuovaPagina)
         m_nuovaPagina();
 }

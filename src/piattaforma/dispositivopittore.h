@@ -15,7 +15,8 @@ class QPainter;
 class DispositivoPittore : public DispositivoDisegno {
 public:
     // `pittore` is scaled here (`scala` device units for a twip) and kept as it is; the page has
-    // the given size in twips. `nuovaPagina` calls the caller's function, if any (a printer).
+    // the given size in twips. `nuovaPagina` calls the caller's function, if any (a printer),
+    // when the first thing is drawn on the new page.
     DispositivoPittore(QPainter &pittore, qreal scalaX, qreal scalaY, QSizeF pagina,
                        std::function<void()> nuovaPagina = {});
 
@@ -40,9 +41,11 @@ public:
 
 private:
     QPen penna(const QColor &colore) const;
+    void voltaPagina();
 
     QPainter &m_pittore;
     int m_spessore = 0;
     QSizeF m_pagina;
     std::function<void()> m_nuovaPagina;
+    bool m_paginaDaAprire = false;
 };

@@ -4,7 +4,8 @@
 
 const Impostazioni::Chiave Impostazioni::MostraAggiornamenti{"Options",
                                                              "Mostra sempre aggiornamenti", true};
-const Impostazioni::Chiave Impostazioni::UltimaStampante{"Stampante", "UltimaStampante", QString()};
+const Impostazioni::Chiave Impostazioni::UltimaStampante{"Vpprn/Stampante", "UltimaStampante",
+                                                         QString()};
 const Impostazioni::Chiave Impostazioni::RadiceSito{"Sito", "Radice", QString()};
 const Impostazioni::Chiave Impostazioni::GeometriaCornice{"Finestra", "Geometria", QByteArray()};
 const Impostazioni::Chiave Impostazioni::CartellaSalvataggi{"File", "UltimaCartella", QString()};

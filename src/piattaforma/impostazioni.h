@@ -19,7 +19,7 @@ public:
 
     // "Mostra sempre aggiornamenti": offer a newer version each time the frame becomes active.
     static const Chiave MostraAggiornamenti;
-    // The printer of the last slip print run.
+    // The printer last chosen on the slip printing screen (application "Vpprn" of the store).
     static const Chiave UltimaStampante;
     // The root of the update site, when neither the environment nor the caller set one.
     static const Chiave RadiceSito;

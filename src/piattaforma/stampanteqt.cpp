@@ -3,9 +3,14 @@
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/erroreesecuzione.h"
 
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QPageLayout>
 #include <QPrinterInfo>
+#include <QTemporaryFile>
+
+#include <filesystem>
 
 using namespace Qt::StringLiterals;
 
@@ -39,6 +44,20 @@ void StampanteQt::setNomeDocumento(const QString &nome) {
     m_stampante.setDocName(file.chopped(4));
 }
 
+void StampanteQt::setAreaStampabile() {
+    m_stampante.setFullPage(false);
+}
+
+void StampanteQt::setRisoluzione(int puntiPerPollice) {
+    m_stampante.setResolution(puntiPerPollice);
+}
+
+bool StampanteQt::controlla() {
+    // A page metric read from the driver: a printer that can't give one won't print.
+    return m_stampante.isValid() && m_stampante.pageLayout().fullRectPoints().width() > 0 &&
+           m_stampante.width() > 0;
+}
+
 bool StampanteQt::scegli() {
     const bool proposta =
         m_stampante.outputFileName().isEmpty() && QPrinterInfo::availablePrinterNames().isEmpty();
@@ -61,11 +80,28 @@ bool StampanteQt::scegliSeManca() {
 DispositivoDisegno &StampanteQt::inizia() {
     if (m_dispositivo)
         return *m_dispositivo;
-    if (!m_pittore.begin(&m_stampante))
+    const QString file = m_stampante.outputFileName();
+    if (m_stampante.outputFormat() == QPrinter::PdfFormat && !file.isEmpty()) {
+        if (!m_stampante.fullPage())
+            m_stampante.setPageMargins(QMarginsF(0, 0, 0, 0));
+        // The pages go to a new file beside the one asked for.
+        QTemporaryFile temporaneo(QFileInfo(file).absolutePath() + u"/.vespara-XXXXXX.pdf"_s);
+        if (!temporaneo.open())
+            throw ErroreEsecuzione(u"Impossibile avviare la stampa sulla stampante %1."_s.arg(
+                QDir::toNativeSeparators(file)));
+        temporaneo.setAutoRemove(false);
+        temporaneo.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                  QFileDevice::ReadGroup | QFileDevice::ReadOther);
+        m_filePdf = file;
+        m_stampante.setOutputFileName(temporaneo.fileName());
+    }
+    if (!m_pittore.begin(&m_stampante)) {
+        scartaPdf();
         throw ErroreEsecuzione(u"Impossibile avviare la stampa sulla stampante %1."_s.arg(
-            m_stampante.outputFileName().isEmpty() ? m_stampante.printerName()
-                                                   : m_stampante.outputFileName()));
-    const QRectF carta = m_stampante.paperRect(QPrinter::DevicePixel);
+            file.isEmpty() ? m_stampante.printerName() : QDir::toNativeSeparators(file)));
+    }
+    const QRectF carta = m_stampante.fullPage() ? m_stampante.paperRect(QPrinter::DevicePixel)
+                                                : m_stampante.pageRect(QPrinter::DevicePixel);
     const qreal scalaX = m_stampante.logicalDpiX() / DispositivoDisegno::TwipsPerPollice;
     const qreal scalaY = m_stampante.logicalDpiY() / DispositivoDisegno::TwipsPerPollice;
     const QSizeF pagina(carta.width() / scalaX, carta.height() / scalaY);
@@ -75,16 +111,40 @@ DispositivoDisegno &StampanteQt::inizia() {
 }
 
 void StampanteQt::fine() {
-    const bool finito = m_pittore.isActive() && m_pittore.end();
+    bool finito = m_pittore.isActive() && m_pittore.end();
     m_dispositivo.reset();
-    const QString file = m_stampante.outputFileName();
-    if (finito && m_stampante.outputFormat() == QPrinter::PdfFormat && !file.isEmpty() &&
-        QFileInfo(file).isFile())
-        m_dialoghi.fileSalvato(m_impostazioni, file);
+    if (m_filePdf.isEmpty())
+        return;
+    const QString temporaneo = m_stampante.outputFileName();
+    const QString file = m_filePdf;
+    if (finito) {
+        // rename() replaces the old file in one step where the system can.
+        std::error_code errore;
+        std::filesystem::rename(QFile::encodeName(temporaneo).toStdString(),
+                                QFile::encodeName(file).toStdString(), errore);
+        finito = !errore;
+    }
+    if (!finito) {
+        scartaPdf();
+        throw ErroreEsecuzione(
+            u"Impossibile scrivere il file %1."_s.arg(QDir::toNativeSeparators(file)));
+    }
+    m_stampante.setOutputFileName(file);
+    m_filePdf.clear();
+    m_dialoghi.fileSalvato(m_impostazioni, file);
 }
 
 void StampanteQt::interrompi() {
     if (m_pittore.isActive())
         m_pittore.end();
     m_dispositivo.reset();
+    scartaPdf();
+}
+
+void StampanteQt::scartaPdf() {
+    if (m_filePdf.isEmpty())
+        return;
+    QFile::remove(m_stampante.outputFileName());
+    m_stampante.setOutputFileName(m_filePdf);
+    m_filePdf.clear();
 }

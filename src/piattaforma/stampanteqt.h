@@ -11,7 +11,9 @@ class Dialoghi;
 class Impostazioni;
 
 // The printer as a drawing device: the system's printer, or a PDF file when one is named. A4, the
-// orientation asked for, coordinates from the corner of the paper.
+// orientation asked for, coordinates from the corner of the paper (or of the printable area). A
+// PDF file is written under a name of its own and takes its real name only once whole, so a run
+// that stops leaves no half a file and an older file of that name as it was.
 class StampanteQt {
 public:
     StampanteQt(Dialoghi &dialoghi, Impostazioni &impostazioni, const QString &filePdf,
@@ -20,6 +22,13 @@ public:
 
     QPrinter &stampante() { return m_stampante; }
     void setOrizzontale(bool orizzontale);
+    // Coordinates from the top left of the printable area instead of the paper's corner (a PDF
+    // file has no margins: there the two are the same).
+    void setAreaStampabile();
+    // The dots of the device (dots per inch): the unit of the pen's width.
+    void setRisoluzione(int puntiPerPollice);
+    // ControllaStampante: whether there is a printer to print on, that answers for its page.
+    bool controlla();
     // Whether printing goes to the PDF file.
     bool suPdf() const { return m_suPdf; }
     // The name of the document, such as a report's title: the print job's name, and the name of
@@ -38,17 +47,24 @@ public:
     // run-time fault.
     DispositivoDisegno &inizia();
     // EndDoc. When the pages went to a PDF file and the file is written, the status bar says
-    // where, and its folder is the next proposal.
+    // where, and its folder is the next proposal; a PDF file that can't take its name is a
+    // run-time fault.
     void fine();
-    // Ends a document that a fault stopped, saying nothing.
+    // Ends a document that a fault stopped, saying nothing: a PDF file being written is removed,
+    // what went to a printer is left as it is.
     void interrompi();
 
 private:
+    // Removes the temporary PDF file of a document that didn't end.
+    void scartaPdf();
+
     Dialoghi &m_dialoghi;
     Impostazioni &m_impostazioni;
     QPrinter m_stampante;
     QPainter m_pittore;
     std::unique_ptr<DispositivoPittore> m_dispositivo;
+    // The PDF file asked for, while the pages go to its temporary name.
+    QString m_filePdf;
     bool m_suPdf = false;
     bool m_scelta = false;
 };

@@ -3,6 +3,8 @@
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 
+#include <QFileInfo>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -17,6 +19,10 @@ ErroreEsecuzione fuoriTabella() {
 QString CalibrazioneStampanti::messaggioPrimoAvvio() {
     return u"Questa è la prima volta che è stata avviata la procedura di stampa. Effettuare la "
            "centratura della stampa prima di stampare le schedine."_s;
+}
+
+bool CalibrazioneStampanti::esiste(const QString &cartella) {
+    return QFileInfo::exists(FileDati::percorso(cartella, nomeFile()));
 }
 
 CalibrazioneStampanti::Tabella CalibrazioneStampanti::crea(const QString &cartella,

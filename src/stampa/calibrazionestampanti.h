@@ -17,6 +17,8 @@ public:
 
     static QString nomeFile() { return QStringLiteral("Vpprn.PRN"); }
     static QString messaggioPrimoAvvio();
+    // Whether the file is there: without it, the screen is at its first start.
+    static bool esiste(const QString &cartella);
 
     // The first start: a line "name,0,0" for each installed printer, in the system's order, into
     // the table and the file. More printers than the table holds is a run-time fault, and no file

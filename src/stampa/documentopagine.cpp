@@ -152,6 +152,9 @@ void esegui(const QList<RecordPagina> &record, DispositivoDisegno &d, int prima,
             d.testo(QPointF(r.x1, r.y1), spogliato(r.testo), carattere, corrente);
         } else if (tipo == DocumentoPagine::TipoImmagine) {
             d.immagine(QRectF(r.x1, r.y1, r.x2, r.y2), spogliato(r.testo));
+        } else if (tipo == DocumentoPagine::TipoCerchio) {
+            d.spessorePenna(std::max(1, r.spessore));
+            d.cerchio(QPointF(r.x1, r.y1), r.x2, DocumentoPagine::colore(r.colore), QColor());
         } else if (tipo == DocumentoPagine::TipoFinePagina) {
             // The run stops at the end of the last page of the range.
             if (chiestoAnnullo() || stampate >= pagineIntervallo)

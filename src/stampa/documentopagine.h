@@ -47,6 +47,9 @@ public:
     static constexpr QStringView TipoBox = u"Box";
     static constexpr QStringView TipoLinea = u"Linea";
     static constexpr QStringView TipoImmagine = u"Immagine";
+    // A circle's outline: centre (X1, Y1), radius X2, pen width Spessore in the device's dots,
+    // colour Colore. Only documents made in memory for the preview hold it (the play slips).
+    static constexpr QStringView TipoCerchio = u"Cerchio";
 
     // The file of the program: "_$$_TEMP.TMP" in the system's temporary folder.
     static QString percorsoPredefinito();

@@ -92,11 +92,18 @@ FrmAnteprima *FrmAnteprima::avvia(StatoProgramma &stato, QWidget *cornice,
                                       u"Non ci sono pagine da stampare!"_s);
         return nullptr;
     }
+    return mostra(stato, cornice, std::move(record));
+}
+
+FrmAnteprima *FrmAnteprima::mostra(StatoProgramma &stato, QWidget *cornice,
+                                   QList<RecordPagina> record, bool soloVisione) {
     // One preview at a time, as there is one page document.
     if (cornice)
         for (auto *vecchia : cornice->findChildren<FrmAnteprima *>(Qt::FindDirectChildrenOnly))
             vecchia->close();
     auto *anteprima = new FrmAnteprima(stato, std::move(record), cornice);
+    if (soloVisione)
+        anteprima->soloVisione();
     anteprima->show();
     anteprima->raise();
     anteprima->activateWindow();
@@ -229,6 +236,17 @@ FrmAnteprima::FrmAnteprima(StatoProgramma &stato, QList<RecordPagina> record, QW
 }
 
 FrmAnteprima::~FrmAnteprima() = default;
+
+void FrmAnteprima::soloVisione() {
+    setWindowTitle(u"Vespara - Anteprima delle schedine"_s);
+    const QString motivo =
+        u"Le schedine si stampano dalla finestra «Stampe e Impostazioni» con «Stampa schedine»."_s;
+    for (const QString &nome : {u"Stampa"_s, u"Esporta"_s})
+        if (auto *a = findChild<QAction *>(nome)) {
+            a->setEnabled(false);
+            a->setToolTip(motivo);
+        }
+}
 
 int FrmAnteprima::paginaMostrata() const {
     return m_ePag->currentIndex() + 1;

@@ -22,6 +22,11 @@ public:
     static FrmAnteprima *avvia(StatoProgramma &stato, QWidget *cornice,
                                const QString &percorso = DocumentoPagine::percorsoPredefinito());
 
+    // Shows a document held in memory. A preview `soloVisione` (the play slips) neither prints
+    // nor exports: its pages are only to look at.
+    static FrmAnteprima *mostra(StatoProgramma &stato, QWidget *cornice, QList<RecordPagina> record,
+                                bool soloVisione = false);
+
     FrmAnteprima(StatoProgramma &stato, QList<RecordPagina> record, QWidget *cornice);
     ~FrmAnteprima() override;
 
@@ -37,6 +42,7 @@ public:
 
 private:
     class Foglio;
+    void soloVisione();
     void impostaA4();
     void stampa();
     void esporta();

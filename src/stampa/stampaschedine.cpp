@@ -37,13 +37,35 @@ void StampaSchedine::segno(DispositivoDisegno &dispositivo, double x, double y) 
         dispositivo.cerchio(centro, r, Qt::black, QColor());
 }
 
-void StampaSchedine::disegna(DispositivoDisegno &dispositivo, const Giocata &g) {
+void StampaSchedine::sagoma(DispositivoDisegno &dispositivo, const Giocata &g, int primaColonna) {
+    dispositivo.spessorePenna(1);
+    double colonnaY = InizioColonna;
+    // The places of the slip after the run's last column go on as if the run went on.
+    for (int i = primaColonna; i < primaColonna + ColonnePerSchedina; ++i) {
+        colonnaY = avanzaColonna(colonnaY, i);
+        double casellaX = InizioCasella;
+        for (int k = 0; k < 14; ++k) {
+            casellaX -= PassoCasella;
+            for (const double riga : RigaSegno)
+                dispositivo.cerchio(QPointF(g.posX + casellaX + OrigineX, g.posY + colonnaY + riga),
+                                    RaggioSagoma, ColoreSagoma, QColor());
+        }
+        casellaX -= PassoNove;
+        dispositivo.cerchio(QPointF(g.posX + casellaX + OrigineX, g.posY + colonnaY + RigaSegno[0]),
+                            RaggioSagoma, ColoreSagoma, QColor());
+    }
+    dispositivo.spessorePenna(SpessorePenna);
+}
+
+void StampaSchedine::disegna(DispositivoDisegno &dispositivo, const Giocata &g, bool conSagoma) {
     dispositivo.spessorePenna(SpessorePenna);
     double colonnaY = InizioColonna;
     const auto marca = [&](double casellaX, int riga) {
         segno(dispositivo, g.posX + casellaX + OrigineX, g.posY + colonnaY + RigaSegno[riga]);
     };
     for (int i = g.prima; i <= g.ultima; ++i) {
+        if (conSagoma && colonnaY == InizioColonna)
+            sagoma(dispositivo, g, i);
         colonnaY = avanzaColonna(colonnaY, i);
         if (i < 1 || i > g.colonne.size())
             throw ErroreEsecuzione(u"Indice della colonna fuori dall'elenco: %1."_s.arg(i));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QPointF>
 #include <QString>
 #include <QStringList>
@@ -26,6 +27,9 @@ public:
     static constexpr std::array<double, 3> RigaSegno{2850, 3100, 3300}; // "1", "X", "2"
     static constexpr std::array<double, 6> Raggi{60, 50, 40, 30, 20, 10};
     static constexpr int SpessorePenna = 2;
+    // The faint outline of the boxes under the marks of the preview.
+    static constexpr double RaggioSagoma = 80;
+    static constexpr QColor ColoreSagoma{192, 192, 192};
 
     // What a run needs: the columns (ColonneStampa, column i at index i - 1), the interval, the
     // signs of boxes 10 to 14, the box of the 9, and the offsets of the printer.
@@ -54,8 +58,13 @@ public:
 
     // Draws the run: pen width, every mark of columns prima to ultima, a new page after every
     // column whose index is a multiple of 8, the end of the document. A column index outside the
-    // list is a run-time fault (nothing more is drawn, and the document is not ended).
-    static void disegna(DispositivoDisegno &dispositivo, const Giocata &giocata);
+    // list is a run-time fault (nothing more is drawn, and the document is not ended). With
+    // `conSagoma` (the preview) each slip first gets the outline of its boxes.
+    static void disegna(DispositivoDisegno &dispositivo, const Giocata &giocata,
+                        bool conSagoma = false);
+    // The outline of the boxes of a slip whose first column has that index: a faint ring where
+    // each mark can go, in the 8 places of the slip, with the offsets of the run.
+    static void sagoma(DispositivoDisegno &dispositivo, const Giocata &giocata, int primaColonna);
     // One mark: six concentric black circles at the point, as 32-bit figures.
     static void segno(DispositivoDisegno &dispositivo, double x, double y);
 };

@@ -1,0 +1,7 @@
+#include "piattaforma/stampantiqt.h"
+
+#include <QPrinterInfo>
+
+QStringList StampantiQt::nomi() {
+    return QPrinterInfo::availablePrinterNames();
+}
