@@ -110,6 +110,7 @@ class TstFrmColonne9 : public QObject {
 private slots:
     void aperturaEInizializzazione();
     void catenaDiFiltriAnnullaERipristina();
+    void consegnaAlleSchedine();
     void segniFissi();
     void validazioni();
     void ordinamentoERicerca();
@@ -206,6 +207,59 @@ void TstFrmColonne9::catenaDiFiltriAnnullaERipristina() {
     b.clic(u"cmdEliminaMaiUscite"_s);
     b.scegli(u"cmbSegno"_s, u"1"_s);
     QCOMPARE(b.tot(), u"0"_s);
+}
+
+void TstFrmColonne9::consegnaAlleSchedine() {
+    Banco b;
+    QVERIFY(b.apri());
+    b.a.stato().stampanti().imposta({u"Laser"_s});
+    auto *img = b.w<QPushButton>(u"imgStampaSchedine"_s);
+    // Nothing to hand over before the columns are there.
+    QVERIFY(!img->isEnabled());
+    QVERIFY(b.inizializza());
+    QVERIFY(img->isEnabled());
+    b.scegli(u"cmb1"_s, u"3"_s);
+    b.scegli(u"cmbX"_s, u"3"_s);
+    b.scegli(u"cmb2"_s, u"3"_s);
+    b.clic(u"cmdOk"_s);
+    b.clic(u"cmdSegniDiversi"_s);
+    QCOMPARE(b.tot(), u"216"_s);
+    // The grid in an order of its own: the hand-over takes the rows as they stand.
+    b.clicIntestazione(2);
+    const QString prima = b.griglia().testo(1, 1);
+    const QString ultima = b.griglia().testo(216, 1);
+    b.a.dialoghi.svuota();
+    b.clic(u"imgStampaSchedine"_s);
+    StatoProgramma &s = b.a.stato();
+    QCOMPARE(s.ColonneStampa.size(), 216);
+    QCOMPARE(s.ColonneStampa.first(), prima);
+    QCOMPARE(s.ColonneStampa.last(), ultima);
+    QCOMPARE(s.PrimaColonnaStampa, 1);
+    QCOMPARE(int(s.UltimaColonnaStampa), 216);
+    auto *stampa = b.a.pannello().trovaSchermo(u"frmStampa"_s);
+    QVERIFY(stampa);
+    QCOMPARE(stampa->findChild<QLabel *>(u"lblSistema"_s)->text(), u"216"_s);
+    auto *cmbA = stampa->findChild<QComboBox *>(u"cmbA"_s);
+    QCOMPARE(cmbA->count(), 216);
+    QCOMPARE(cmbA->currentText(), u"1"_s);
+    // The grid is left as it was.
+    QCOMPARE(b.griglia().righe(), 217);
+    QCOMPARE(b.griglia().testo(1, 1), prima);
+
+    // Fewer columns handed over while the screen is open: its lists follow.
+    b.scegli(u"cmbEliminaSegno"_s, u"2"_s);
+    b.scegli(u"cmbCasella"_s, u"9"_s);
+    b.clic(u"cmdEliminaSegno"_s);
+    QCOMPARE(b.tot(), u"144"_s);
+    b.clic(u"imgStampaSchedine"_s);
+    QCOMPARE(b.a.pannello().trovaSchermo(u"frmStampa"_s), stampa);
+    QCOMPARE(cmbA->count(), 144);
+    QCOMPARE(stampa->findChild<QLabel *>(u"lblSistema"_s)->text(), u"144"_s);
+
+    // A grid with no column left: the button rests.
+    b.clic(u"cmdTerzineOmogenee"_s);
+    QCOMPARE(b.tot(), u"0"_s);
+    QVERIFY(!img->isEnabled());
 }
 
 void TstFrmColonne9::segniFissi() {

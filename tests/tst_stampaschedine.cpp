@@ -4,6 +4,8 @@
 // at the top of a slip.
 #include "piattaforma/dispositivoregistratore.h"
 #include "piattaforma/erroreesecuzione.h"
+#include "stampa/dispositivodocumento.h"
+#include "stampa/documentopagine.h"
 #include "stampa/stampaschedine.h"
 
 #include <QtTest>
@@ -92,6 +94,10 @@ private slots:
     void pagine_data();
     void pagine();
     void colonnaFuoriElenco();
+    void cifreATrentaDueBit();
+    void documentoDellAnteprima_data();
+    void documentoDellAnteprima();
+    void sagoma();
 };
 
 void TstStampaSchedine::controlli_data() {
@@ -266,6 +272,103 @@ void TstStampaSchedine::colonnaFuoriElenco() {
     QVERIFY_THROWS_EXCEPTION(ErroreEsecuzione, StampaSchedine::disegna(d, g));
     QVERIFY(d.conta(Op::FineDocumento) == 0);
     QCOMPARE(segni(d).size(), 28);
+}
+
+void TstStampaSchedine::cifreATrentaDueBit() {
+    // Every centre reaches the device as a 32-bit figure: 2820.15 can't be one.
+    DispositivoRegistratore d;
+    StampaSchedine::disegna(d, giocata(1, 3, {u"1X2"_s, u"x"_s, u"2"_s, u"1"_s, u"X"_s}));
+    const QList<Segno> s = segni(d);
+    QVERIFY(!s.isEmpty());
+    for (const Segno &m : s) {
+        volatile float x = float(m.x);
+        volatile float y = float(m.y);
+        QCOMPARE(double(x), m.x);
+        QCOMPARE(double(y), m.y);
+    }
+    QCOMPARE(s.first().y, double(2820.15f));
+}
+
+void TstStampaSchedine::documentoDellAnteprima_data() {
+    QTest::addColumn<int>("prima");
+    QTest::addColumn<int>("ultima");
+    QTest::addColumn<int>("pagine");
+    // A slip turned after its eighth column leaves no empty page behind.
+    QTest::newRow("1-8") << 1 << 8 << 1;
+    QTest::newRow("1-9") << 1 << 9 << 2;
+    QTest::newRow("3-10") << 3 << 10 << 2;
+    QTest::newRow("1-16") << 1 << 16 << 2;
+    QTest::newRow("nessuna colonna") << 3 << 2 << 1;
+}
+
+void TstStampaSchedine::documentoDellAnteprima() {
+    QFETCH(int, prima);
+    QFETCH(int, ultima);
+    QFETCH(int, pagine);
+    const StampaSchedine::Giocata g =
+        giocata(prima, ultima, {u"1X2"_s, u"x"_s, u"2"_s, u"1"_s, u"X"_s});
+    DispositivoRegistratore diretto;
+    StampaSchedine::disegna(diretto, g);
+    DispositivoDocumento documento;
+    StampaSchedine::disegna(documento, g);
+    QCOMPARE(DocumentoPagine::contaPagine(documento.record()), pagine);
+    // The records drawn again give the very marks of the run, page by page.
+    DispositivoRegistratore ridisegnato;
+    DocumentoPagine::stampaPagine(documento.record(), ridisegnato, 1, pagine);
+    const QList<Segno> attesi = segni(diretto);
+    const QList<Segno> trovati = segni(ridisegnato);
+    QCOMPARE(trovati.size(), attesi.size());
+    for (qsizetype i = 0; i < attesi.size(); ++i) {
+        QCOMPARE(trovati.at(i).x, attesi.at(i).x);
+        QCOMPARE(trovati.at(i).y, attesi.at(i).y);
+    }
+    QCOMPARE(ridisegnato.conta(Op::NuovaPagina), pagine - 1);
+    for (const auto &c : ridisegnato.chiamate)
+        if (c.operazione == Op::SpessorePenna)
+            QCOMPARE(c.rettangolo.width(), 2.0);
+}
+
+void TstStampaSchedine::sagoma() {
+    // Columns 3 to 10 with offsets: the first slip's outline starts at column 3's place and
+    // goes on for 8 places; the second starts at column 9's.
+    StampaSchedine::Giocata g = giocata(3, 10);
+    g.posX = 40;
+    g.posY = -25;
+    DispositivoRegistratore d;
+    StampaSchedine::disegna(d, g, true);
+    QList<QPointF> anelli;
+    int paginaAnelli = 0;
+    for (const auto &c : d.chiamate) {
+        if (c.operazione == Op::NuovaPagina)
+            ++paginaAnelli;
+        if (c.operazione == Op::Cerchio && c.colore != QColor(Qt::black)) {
+            QCOMPARE(c.rettangolo.width(), 80.0);
+            if (paginaAnelli == 0)
+                anelli.append(c.rettangolo.topLeft());
+        }
+    }
+    QCOMPARE(anelli.size(), 8 * 43);
+    // Place 1: box 1 at its three rows, then box 2; the box of the 9 last, at the row of "1".
+    double y = -750 + 720 + 0.15 * 3;
+    QVERIFY(vicino(anelli.at(0).x(), casella(1) + 40));
+    QVERIFY(vicino(anelli.at(0).y(), y + 2850 - 25));
+    QVERIFY(vicino(anelli.at(2).y(), y + 3300 - 25));
+    QVERIFY(vicino(anelli.at(3).x(), casella(2) + 40));
+    QVERIFY(vicino(anelli.at(42).x(), 130 + 40));
+    QVERIFY(vicino(anelli.at(42).y(), y + 2850 - 25));
+    // Place 8 of the first slip, where column 10 would stand.
+    for (int i = 4; i <= 10; ++i)
+        y += 720 + 0.15 * i;
+    QVERIFY(vicino(anelli.at(7 * 43).y(), y + 2850 - 25));
+    // The marks themselves are the run's: the outline draws with the thin pen, then the pen of
+    // the marks comes back.
+    int spessoreMarche = 0;
+    for (const auto &c : d.chiamate) {
+        if (c.operazione == Op::SpessorePenna)
+            spessoreMarche = int(c.rettangolo.width());
+        if (c.operazione == Op::Cerchio && c.colore == QColor(Qt::black))
+            QCOMPARE(spessoreMarche, 2);
+    }
 }
 
 QTEST_GUILESS_MAIN(TstStampaSchedine)

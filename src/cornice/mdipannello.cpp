@@ -532,7 +532,7 @@ QWidget *MdiPannello::apriSchermo(const QString &nome) {
 }
 
 void MdiPannello::mostraSchermo(const QString &nome) {
-    apriSchermo(nome);
+    eseguiProtetto(m_stato.dialoghi(), [&] { apriSchermo(nome); });
 }
 
 QList<QWidget *> MdiPannello::schermiAperti() const {

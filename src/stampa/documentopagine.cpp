@@ -112,6 +112,8 @@ void esegui(const QList<RecordPagina> &record, DispositivoDisegno &d, int prima,
     bool inIntervallo = false;
     // The colour of the last text drawn: what boxes of colour 0 and lines are drawn in.
     QColor corrente = DocumentoPagine::colore(0);
+    // The pen of the circles, set when it changes.
+    int spessoreCorrente = -1;
 
     for (const RecordPagina &r : record) {
         const QString tipo = spogliato(r.tipo);
@@ -153,7 +155,10 @@ void esegui(const QList<RecordPagina> &record, DispositivoDisegno &d, int prima,
         } else if (tipo == DocumentoPagine::TipoImmagine) {
             d.immagine(QRectF(r.x1, r.y1, r.x2, r.y2), spogliato(r.testo));
         } else if (tipo == DocumentoPagine::TipoCerchio) {
-            d.spessorePenna(std::max(1, r.spessore));
+            if (const int spessore = std::max(1, r.spessore); spessore != spessoreCorrente) {
+                d.spessorePenna(spessore);
+                spessoreCorrente = spessore;
+            }
             d.cerchio(QPointF(r.x1, r.y1), r.x2, DocumentoPagine::colore(r.colore), QColor());
         } else if (tipo == DocumentoPagine::TipoFinePagina) {
             // The run stops at the end of the last page of the range.

@@ -192,6 +192,11 @@ FrmStampa::FrmStampa(StatoProgramma &stato, QWidget *genitore)
     layout->addLayout(pulsanti);
     impostazioni->setMaximumWidth(380);
 
+    // Every change of an offset, also one made by the program, writes the file.
+    for (QLineEdit *t : {m_txtPosX, m_txtPosY})
+        connect(t, &QLineEdit::textChanged, this,
+                [this] { eseguiProtetto(m_stato.dialoghi(), [this] { cambioScostamento(); }); });
+
     // Form_Load.
     riempiIntervallo();
     const QStringList stampanti = m_stato.stampanti().nomi();
@@ -213,9 +218,6 @@ FrmStampa::FrmStampa(StatoProgramma &stato, QWidget *genitore)
     // Events, from here on.
     connect(m_cmbStampante, &QComboBox::activated, this,
             [this] { eseguiProtetto(m_stato.dialoghi(), [this] { sceltaStampante(); }); });
-    for (QLineEdit *t : {m_txtPosX, m_txtPosY})
-        connect(t, &QLineEdit::textChanged, this,
-                [this] { eseguiProtetto(m_stato.dialoghi(), [this] { cambioScostamento(); }); });
     connect(m_optIntervallo, &QRadioButton::clicked, this, [this] {
         m_cmbDa->setEnabled(true);
         m_cmbA->setEnabled(true);

@@ -32,7 +32,11 @@ int StampaSchedine::rigaDi(QStringView segno) {
 }
 
 void StampaSchedine::segno(DispositivoDisegno &dispositivo, double x, double y) {
-    const QPointF centro(static_cast<float>(x), static_cast<float>(y));
+    // The figures pass through 32-bit floats on their own: g++ 12 at -O2 drops a pair of such
+    // conversions made together in the constructor of a point (its vectoriser keeps the doubles).
+    volatile float x32 = static_cast<float>(x);
+    volatile float y32 = static_cast<float>(y);
+    const QPointF centro(x32, y32);
     for (const double r : Raggi)
         dispositivo.cerchio(centro, r, Qt::black, QColor());
 }
