@@ -50,7 +50,7 @@ struct Segno {
     QString nome; // column, box and sign, for the messages
 };
 
-// Twips below the column's line of the row of a sign; -1 for anything else.
+// The row of a sign, in twips below its column's line; -1 for anything else.
 double riga(QChar segno) {
     if (segno == u'1')
         return 2850;
