@@ -189,19 +189,24 @@ QStringList confronta(const QImage &pagina, const QList<Segno> &segni, int numer
                                        .arg(m.riquadro.width())
                                        .arg(m.riquadro.height())
                                        .arg(diametro, 0, 'f', 1));
-        // Filled: every pixel within 0.8 mm of its centre is dark.
+        // Filled: every pixel from 0.25 mm to 0.8 mm of its centre is dark. The innermost circle
+        // (radius 10 twips, a pen of 9.6) leaves a hole of 0.09 mm at the very centre, which at
+        // this resolution may lighten the pixel there.
         const double cx = m.x / TwipsPerPollice * Dpi - 0.5;
         const double cy = m.y / TwipsPerPollice * Dpi - 0.5;
         const double raggio = 0.8 / 25.4 * Dpi;
+        const double foro = 0.25 / 25.4 * Dpi;
         int chiari = 0;
         for (int y = int(cy - raggio) - 1; y <= int(cy + raggio) + 1; ++y)
-            for (int x = int(cx - raggio) - 1; x <= int(cx + raggio) + 1; ++x)
-                if (std::hypot(x - cx, y - cy) <= raggio && qGray(pagina.pixel(x, y)) >= 128)
+            for (int x = int(cx - raggio) - 1; x <= int(cx + raggio) + 1; ++x) {
+                const double d = std::hypot(x - cx, y - cy);
+                if (d >= foro && d <= raggio && qGray(pagina.pixel(x, y)) >= 128)
                     ++chiari;
+            }
         if (chiari > 0)
             problemi.append(
                 dove +
-                u"il segno (%1) non è pieno: %2 pixel chiari al centro"_s.arg(s.nome).arg(chiari));
+                u"il segno (%1) non è pieno: %2 pixel chiari intorno al centro"_s.arg(s.nome).arg(chiari));
     }
     for (qsizetype k = 0; k < trovate.size(); ++k)
         if (!usata[k])

@@ -11,3 +11,9 @@ qreal DispositivoDisegno::larghezzaTesto(const QString &testo, const Carattere &
 qreal DispositivoDisegno::altezzaTesto(const Carattere &carattere) const {
     return QFontMetricsF(DispositivoPittore::font(carattere)).height();
 }
+
+void DispositivoDisegno::cerchiConcentrici(QPointF centro, std::span<const qreal> raggi,
+                                           const QColor &bordo) {
+    for (const qreal r : raggi)
+        cerchio(centro, r, bordo, QColor());
+}

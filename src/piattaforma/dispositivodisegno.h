@@ -6,6 +6,8 @@
 #include <QSizeF>
 #include <QString>
 
+#include <span>
+
 // Where the program draws a page: the printer, a PDF file, the preview, or the recorder of the
 // tests. Every length is in twips (1440 to the inch, 567 to the centimetre as the program counts
 // them), from the top left corner of the page.
@@ -33,6 +35,10 @@ public:
                             const QColor &riempimento) = 0;
     virtual void cerchio(QPointF centro, qreal raggio, const QColor &bordo,
                          const QColor &riempimento) = 0;
+    // Circles around one centre, one for each radius in that order, outlined in `bordo`: the
+    // same as a cerchio for each, which is what a device does unless it has a quicker way.
+    virtual void cerchiConcentrici(QPointF centro, std::span<const qreal> raggi,
+                                   const QColor &bordo);
     // A picture from a file, scaled into the rectangle.
     virtual void immagine(const QRectF &rettangolo, const QString &file) = 0;
     // The width of the lines, outlines and circles drawn from now on, in the device's own dots

@@ -1,5 +1,8 @@
 #include "piattaforma/dispositivopittore.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include <QFont>
 #include <QFontMetricsF>
 #include <QImage>
@@ -8,6 +11,8 @@
 DispositivoPittore::DispositivoPittore(QPainter &pittore, qreal scalaX, qreal scalaY, QSizeF pagina,
                                        std::function<void()> nuovaPagina)
     : m_pittore(pittore)
+    , m_scalaX(scalaX)
+    , m_scalaY(scalaY)
     , m_pagina(pagina)
     , m_nuovaPagina(std::move(nuovaPagina)) {
     m_pittore.scale(scalaX, scalaY);
@@ -85,6 +90,43 @@ void DispositivoPittore::cerchio(QPointF centro, qreal raggio, const QColor &bor
     m_pittore.setBrush(riempimento.isValid() ? QBrush(riempimento) : QBrush(Qt::NoBrush));
     m_pittore.drawEllipse(centro, raggio, raggio);
     m_pittore.setBrush(Qt::NoBrush);
+}
+
+void DispositivoPittore::cerchiConcentrici(QPointF centro, std::span<const qreal> raggi,
+                                           const QColor &bordo) {
+    // A pen in twips is round only when both axes have the same scale.
+    if (m_scalaX != m_scalaY || m_scalaX <= 0 || raggi.empty() || !bordo.isValid()) {
+        DispositivoDisegno::cerchiConcentrici(centro, raggi, bordo);
+        return;
+    }
+    voltaPagina();
+    // The circles are drawn once, with this pen, into a picture finer than the device, and the
+    // picture is set at each centre: a printer's file holds it once and places it, instead of
+    // thousands of paths (a run of 125 slips draws 114 000 circles).
+    const qreal spessore = std::max(1, m_spessore) / m_scalaX;
+    const qreal puntiPerTwip = std::max(m_scalaX, TimbroPuntiPerPollice / TwipsPerPollice);
+    const std::vector<qreal> chiave(raggi.begin(), raggi.end());
+    if (m_timbro.isNull() || chiave != m_raggi || spessore != m_spessoreTimbro ||
+        bordo != m_coloreTimbro || puntiPerTwip != m_puntiTimbro) {
+        m_raggi = chiave;
+        m_spessoreTimbro = spessore;
+        m_coloreTimbro = bordo;
+        m_puntiTimbro = puntiPerTwip;
+        m_mezzoTimbro = *std::max_element(chiave.begin(), chiave.end()) + spessore / 2 + 1;
+        const int lato = int(std::ceil(2 * m_mezzoTimbro * puntiPerTwip));
+        m_timbro = QImage(lato, lato, QImage::Format_ARGB32_Premultiplied);
+        m_timbro.fill(Qt::transparent);
+        QPainter p(&m_timbro);
+        p.setRenderHint(QPainter::Antialiasing);
+        p.scale(lato / (2 * m_mezzoTimbro), lato / (2 * m_mezzoTimbro));
+        p.translate(m_mezzoTimbro, m_mezzoTimbro);
+        p.setPen(QPen(bordo, spessore));
+        p.setBrush(Qt::NoBrush);
+        for (const qreal r : chiave)
+            p.drawEllipse(QPointF(), r, r);
+    }
+    const QPointF mezzo(m_mezzoTimbro, m_mezzoTimbro);
+    m_pittore.drawImage(QRectF(centro - mezzo, centro + mezzo), m_timbro);
 }
 
 void DispositivoPittore::immagine(const QRectF &rettangolo, const QString &file) {

@@ -124,7 +124,9 @@ FrmStampa::FrmStampa(StatoProgramma &stato, QWidget *genitore)
     m_cmbA->setToolTip(u"L'ultima colonna dell'intervallo"_s);
     for (QComboBox *c : {m_cmbDa, m_cmbA}) {
         c->setEnabled(false);
+        // Sized for six digits, without measuring each of up to 19683 entries.
         c->setMinimumContentsLength(6);
+        c->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     }
     auto *lc = new QGridLayout(colonne);
     lc->addWidget(new QLabel(u"Colonne:"_s, colonne), 0, 0);

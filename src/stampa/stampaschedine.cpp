@@ -36,9 +36,7 @@ void StampaSchedine::segno(DispositivoDisegno &dispositivo, double x, double y) 
     // conversions made together in the constructor of a point (its vectoriser keeps the doubles).
     volatile float x32 = static_cast<float>(x);
     volatile float y32 = static_cast<float>(y);
-    const QPointF centro(x32, y32);
-    for (const double r : Raggi)
-        dispositivo.cerchio(centro, r, Qt::black, QColor());
+    dispositivo.cerchiConcentrici(QPointF(x32, y32), Raggi, Qt::black);
 }
 
 void StampaSchedine::sagoma(DispositivoDisegno &dispositivo, const Giocata &g, int primaColonna) {
