@@ -1,6 +1,17 @@
 // Printing through a real CUPS queue: a cupsd of the test's own turns each job into a PDF that
 // the test reads back.
+#include "supporto/ambienteprova.h"
 #include "supporto/cupsprivato.h"
+#include "supporto/segnipdf.h"
+
+#include "core/statoprogramma.h"
+#include "cornice/mdipannello.h"
+#include "stampa/calibrazionestampanti.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
 
 #include <QApplication>
 #include <QImage>
@@ -63,6 +74,7 @@ private slots:
     void codaElencata();
     void cerchiStampati();
     void lavoriInOrdine();
+    void schedineDalProgramma();
 };
 
 void TestCups::initTestCase() {
@@ -186,6 +198,57 @@ void TestCups::lavoriInOrdine() {
     // Nothing else was printed: no third file, and the wait says so.
     QVERIFY(cups->attendiPdf(1000).isEmpty());
     QVERIFY(cups->errore().contains(u"Nessun PDF"_s));
+}
+
+// The program itself: its screen lists the queue, and a run of nine columns printed there comes
+// back as two slips with every mark in its place, counted from the queue's printable area.
+void TestCups::schedineDalProgramma() {
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    const QStringList colonne{u"1X21X21X2"_s, u"X21X21X21"_s, u"21X21X21X"_s,
+                              u"111XXX222"_s, u"XXX222111"_s, u"222111XXX"_s,
+                              u"1122XX12X"_s, u"X1X2X1X2X"_s, u"2X1X21X12"_s};
+    const std::array<QString, 5> ultime{u"1X2"_s, u"2"_s, u"x1"_s, u"X"_s, u"21"_s};
+    a.stato().ColonneStampa = colonne;
+    a.stato().PrimaColonnaStampa = 1;
+    a.stato().UltimaColonnaStampa = 9;
+    QWidget *frm = a.pannello().apriSchermo(u"frmStampa"_s);
+    QVERIFY(frm);
+    QCOMPARE(a.dialoghi.testi(), QStringList{CalibrazioneStampanti::messaggioPrimoAvvio()});
+    a.dialoghi.svuota();
+    auto *cmb = frm->findChild<QComboBox *>(u"cmbStampante"_s);
+    QCOMPARE(cmb->currentText(), cups->nomeCoda());
+    const auto scrivi = [frm](const QString &nome, const QString &testo) {
+        auto *t = frm->findChild<QLineEdit *>(nome);
+        t->selectAll();
+        QTest::keyClick(t, Qt::Key_Delete);
+        QTest::keyClicks(t, testo);
+    };
+    scrivi(u"txtPosX"_s, u"120"_s);
+    scrivi(u"txtPosY"_s, u"-90"_s);
+    for (int k = 0; k < 5; ++k)
+        scrivi(u"txt%1"_s.arg(10 + k), ultime.at(k));
+    QTest::mouseClick(frm->findChild<QPushButton *>(u"cmdStampa"_s), Qt::LeftButton);
+    QVERIFY2(a.dialoghi.boxes.isEmpty(), qPrintable(a.dialoghi.testi().join(u'|')));
+    QCOMPARE(a.dialoghi.dialoghiStampa, 1);
+
+    const QString pdf = cups->attendiPdf(60000);
+    QVERIFY2(!pdf.isEmpty(), qPrintable(cups->errore()));
+    QCOMPARE(SegniPdf::paginePdf(SegniPdf::infoPdf(pdf)), 2);
+    QTemporaryDir cartella;
+    const QList<QImage> pagine = SegniPdf::pagine(pdf, cartella.path());
+    QCOMPARE(pagine.size(), 2);
+    // Where the queue's printable area starts on the sheet: the slips count from there.
+    QPrinter stampante(QPrinter::HighResolution);
+    stampante.setPrinterName(cups->nomeCoda());
+    stampante.setPageSize(QPageSize(QPageSize::A4));
+    const QPointF origine = stampante.pageLayout().paintRect(QPageLayout::Point).topLeft() * 20;
+    const auto attesi = SegniPdf::attesi(colonne, 1, 9, ultime, false, 120, -90);
+    for (int p = 0; p < 2; ++p) {
+        const QStringList problemi =
+            SegniPdf::confronta(pagine.at(p), attesi.at(p), p + 1, origine);
+        QVERIFY2(problemi.isEmpty(), qPrintable(problemi.join(u'\n')));
+    }
 }
 
 // The private cupsd comes first: libcups reads CUPS_SERVER once, when the application's print
