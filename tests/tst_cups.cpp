@@ -3,6 +3,7 @@
 #include "supporto/ambienteprova.h"
 #include "supporto/cupsprivato.h"
 #include "supporto/segnipdf.h"
+#include "supporto/strumentiprova.h"
 
 #include "core/statoprogramma.h"
 #include "cornice/mdipannello.h"
@@ -219,10 +220,7 @@ void TestCups::schedineDalProgramma() {
     auto *cmb = frm->findChild<QComboBox *>(u"cmbStampante"_s);
     QCOMPARE(cmb->currentText(), cups->nomeCoda());
     const auto scrivi = [frm](const QString &nome, const QString &testo) {
-        auto *t = frm->findChild<QLineEdit *>(nome);
-        t->selectAll();
-        QTest::keyClick(t, Qt::Key_Delete);
-        QTest::keyClicks(t, testo);
+        StrumentiProva::scriviSopra(StrumentiProva::controllo<QLineEdit>(frm, nome), testo);
     };
     scrivi(u"txtPosX"_s, u"120"_s);
     scrivi(u"txtPosY"_s, u"-90"_s);

@@ -1,6 +1,7 @@
 // The workspace of the 9 used as a user would: opened from the frame, started, narrowed with a
 // chain of filters, undone, restored, sorted and searched.
 #include "supporto/ambienteprova.h"
+#include "supporto/strumentiprova.h"
 
 #include "analisi/colonne9.h"
 #include "analisi/frmcolonne9.h"
@@ -91,10 +92,7 @@ public:
         emit c->activated(i);
     }
     // Option buttons and check boxes answer a click on their mark, at the left.
-    void spunta(const QString &nome) const {
-        QAbstractButton *p = w<QAbstractButton>(nome);
-        QTest::mouseClick(p, Qt::LeftButton, {}, QPoint(8, p->height() / 2));
-    }
+    void spunta(const QString &nome) const { StrumentiProva::clic(w<QAbstractButton>(nome)); }
     void scrivi(const QString &nome, const QString &testo) const {
         QLineEdit *t = w<QLineEdit>(nome);
         t->setFocus();

@@ -59,25 +59,11 @@ public:
         frm = nullptr;
     }
     template <typename T> T *w(const QString &nome) const {
-        T *trovato = frm->findChild<T *>(nome);
-        if (!trovato)
-            qFatal("controllo assente: %s", qPrintable(nome));
-        return trovato;
+        return StrumentiProva::controllo<T>(frm, nome);
     }
-    // A click where a user clicks: a check box or an option on its mark, not in the empty part
-    // of its row, which doesn't take clicks.
-    void clic(const QString &nome) const {
-        auto *p = w<QAbstractButton>(nome);
-        const bool segno = qobject_cast<QCheckBox *>(p) || qobject_cast<QRadioButton *>(p);
-        QTest::mouseClick(p, Qt::LeftButton, {},
-                          segno ? QPoint(8, p->height() / 2) : p->rect().center());
-    }
-    // Types into a field as a user would, after clearing it.
+    void clic(const QString &nome) const { StrumentiProva::clic(w<QAbstractButton>(nome)); }
     void digita(const QString &nome, const QString &testo) const {
-        auto *t = w<QLineEdit>(nome);
-        t->selectAll();
-        QTest::keyClick(t, Qt::Key_Delete);
-        QTest::keyClicks(t, testo);
+        StrumentiProva::scriviSopra(w<QLineEdit>(nome), testo);
     }
     void ultime(const QStringList &segni) const {
         for (int k = 0; k < 5; ++k)

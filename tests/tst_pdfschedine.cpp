@@ -6,6 +6,7 @@
 // at the top of a slip, a new slip after every eighth column.
 #include "supporto/ambienteprova.h"
 #include "supporto/segnipdf.h"
+#include "supporto/strumentiprova.h"
 
 #include "core/statoprogramma.h"
 #include "cornice/mdipannello.h"
@@ -63,18 +64,10 @@ public:
         return frm != nullptr;
     }
     template <typename T> T *w(const QString &nome) const {
-        T *trovato = frm->findChild<T *>(nome);
-        if (!trovato)
-            qFatal("controllo assente: %s", qPrintable(nome));
-        return trovato;
+        return StrumentiProva::controllo<T>(frm, nome);
     }
-    // The field emptied and the text typed key by key.
     void scrivi(const QString &nome, const QString &testo) const {
-        QLineEdit *t = w<QLineEdit>(nome);
-        t->setFocus();
-        t->selectAll();
-        QTest::keyClick(t, Qt::Key_Delete);
-        QTest::keyClicks(t, testo);
+        StrumentiProva::scriviSopra(w<QLineEdit>(nome), testo);
     }
     // Offsets, the last five boxes, the 9, as the run of these tests wants them.
     void compila() const {
@@ -82,8 +75,7 @@ public:
         scrivi(u"txtPosY"_s, QString::number(PosY));
         for (int k = 0; k < 5; ++k)
             scrivi(u"txt%1"_s.arg(10 + k), Ultime.at(k));
-        QAbstractButton *nove = w<QCheckBox>(u"chk9"_s);
-        QTest::mouseClick(nove, Qt::LeftButton, {}, QPoint(8, nove->height() / 2));
+        StrumentiProva::clic(w<QCheckBox>(u"chk9"_s));
     }
     void stampa() const { QTest::mouseClick(w<QPushButton>(u"cmdStampa"_s), Qt::LeftButton); }
     // The files of the output folder, hidden ones too.

@@ -321,12 +321,10 @@ void FrmStampa::stampa() {
         try {
             // The answer of the dialog is not read: the run goes on.
             stampante.scegli();
-            m_stato.PosXStampa = NumeriTesto::valoreReale(m_txtPosX->text());
-            m_stato.PosYStampa = NumeriTesto::valoreReale(m_txtPosY->text());
-            StampaSchedine::Giocata g =
+            const StampaSchedine::Giocata g =
                 giocata(m_stato.PrimaColonnaStampa, m_stato.UltimaColonnaStampa);
-            g.posX = m_stato.PosXStampa.toDouble();
-            g.posY = m_stato.PosYStampa.toDouble();
+            m_stato.PosXStampa = g.posX;
+            m_stato.PosYStampa = g.posY;
             StampaSchedine::disegna(stampante.inizia(), g);
             stampante.fine();
         } catch (const ErroreEsecuzione &) {

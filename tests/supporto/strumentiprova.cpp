@@ -2,7 +2,11 @@
 
 #include "piattaforma/erroreesecuzione.h"
 
+#include <QCheckBox>
 #include <QFile>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QTest>
 
 namespace StrumentiProva {
 
@@ -35,6 +39,20 @@ QString testoMostrato(const QString &didascalia) {
         testo += didascalia.at(i);
     }
     return testo;
+}
+
+void clic(QAbstractButton *pulsante) {
+    const bool segno =
+        qobject_cast<QCheckBox *>(pulsante) || qobject_cast<QRadioButton *>(pulsante);
+    QTest::mouseClick(pulsante, Qt::LeftButton, {},
+                      segno ? QPoint(8, pulsante->height() / 2) : pulsante->rect().center());
+}
+
+void scriviSopra(QLineEdit *campo, const QString &testo) {
+    campo->setFocus();
+    campo->selectAll();
+    QTest::keyClick(campo, Qt::Key_Delete);
+    QTest::keyClicks(campo, testo);
 }
 
 } // namespace StrumentiProva

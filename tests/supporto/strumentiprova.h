@@ -1,12 +1,16 @@
 #pragma once
 
 #include <QByteArray>
+#include <QObject>
 #include <QString>
 
 #include <functional>
 
-// Small helpers of the tests that read and write files byte for byte and catch the program's
-// run-time faults.
+class QAbstractButton;
+class QLineEdit;
+
+// Small helpers of the tests: files byte for byte, the program's run-time faults, and the
+// controls of a screen used as a user would.
 namespace StrumentiProva {
 
 // The bytes of a file, or "<illeggibile>" when it can't be read.
@@ -17,5 +21,18 @@ bool scriviGrezzo(const QString &percorso, const QByteArray &byte);
 QString errore(const std::function<void()> &azione);
 // A caption as the menu shows it: each "&" that marks an access key is dropped, "&&" is one "&".
 QString testoMostrato(const QString &didascalia);
+
+// The control of that name inside the screen; the test stops when there is none.
+template <typename T> T *controllo(const QObject *schermo, const QString &nome) {
+    T *trovato = schermo->findChild<T *>(nome);
+    if (!trovato)
+        qFatal("controllo assente: %s", qPrintable(nome));
+    return trovato;
+}
+// A click where a user clicks: a check box or an option on its mark at the left (the empty rest
+// of its row takes no click), any other button in its middle.
+void clic(QAbstractButton *pulsante);
+// The field's text selected and typed over, key by key (an empty text deletes it).
+void scriviSopra(QLineEdit *campo, const QString &testo);
 
 } // namespace StrumentiProva
