@@ -1,5 +1,6 @@
 #include "analisi/bancocolonne9.h"
 
+#include "core/colonna.h"
 #include "core/glossario.h"
 #include "core/numeritesto.h"
 
@@ -62,8 +63,7 @@ void BancoColonne9::prepara() {
     m_griglia.setColonne(Colonne);
     m_griglia.setRigheFisse(1);
     m_griglia.setRighe(RigheUniverso);
-    m_versoOrdine = 1;
-    m_ordine.reset();
+    m_ordinamento.azzera();
     m_griglia.pulisci();
     for (int c = 0; c < Colonne; ++c)
         m_griglia.setLarghezzaColonna(c, Larghezze[c]);
@@ -85,7 +85,7 @@ void BancoColonne9::carica(const QList<Colonne9::Statistica> &statistiche) {
                 m_griglia.setTesto(i, c + 1, s[c]);
         }
     }
-    m_ordine.reset();
+    m_ordinamento.setOrdine(std::nullopt);
     liberaSegni();
 }
 
@@ -107,7 +107,7 @@ void BancoColonne9::istantanea() {
     }
     m_righeIstantanea = int(m_istantanea.size());
     m_conIstantanea = true;
-    m_ordineIstantanea = m_ordine;
+    m_ordineIstantanea = m_ordinamento.ordine();
 }
 
 void BancoColonne9::annulla() {
@@ -118,7 +118,7 @@ void BancoColonne9::annulla() {
     for (int i = 1; i <= m_righeIstantanea; ++i)
         for (int c = 0; c < Colonne; ++c)
             m_griglia.setTesto(i, c, m_istantanea.at(i - 1)[c]);
-    m_ordine = m_ordineIstantanea;
+    m_ordinamento.setOrdine(m_ordineIstantanea);
 }
 
 void BancoColonne9::filtra(const Regola &resta, FormaPosizione forma) {
@@ -159,8 +159,8 @@ void BancoColonne9::numera(FormaPosizione forma) {
 
 void BancoColonne9::posizioniRiscritte() {
     // New numbers run from 1 in the present order: a sort by "Pos." no longer holds.
-    if (m_ordine && m_ordine->colonna == 0)
-        m_ordine.reset();
+    if (ordine() && ordine()->colonna == 0)
+        m_ordinamento.setOrdine(std::nullopt);
 }
 
 BancoColonne9::Messaggio BancoColonne9::controllare() {
@@ -172,13 +172,7 @@ int BancoColonne9::valore(const QString &testo) {
 }
 
 bool BancoColonne9::haFormula(const QString &c, int uno, int x, int due) {
-    int n1 = 0, nx = 0, n2 = 0;
-    for (const QChar s : QStringView(c).left(9)) {
-        n1 += s == u'1';
-        nx += s == u'X';
-        n2 += s == u'2';
-    }
-    return n1 == uno && nx == x && n2 == due;
+    return Colonna::segniNove(c) == std::array<int, 3>{uno, x, due};
 }
 
 int BancoColonne9::contaSegno(const QString &c, const QString &segno) {
@@ -376,9 +370,5 @@ void BancoColonne9::liberaSegni() {
 void BancoColonne9::ordina(int colonna) {
     if (colonna == 1 || colonna < 0 || colonna >= m_griglia.colonne())
         return;
-    const Griglia::Verso verso =
-        m_versoOrdine != 0 ? Griglia::Verso::Decrescente : Griglia::Verso::Crescente;
-    m_griglia.ordinaNumerico(colonna, verso);
-    m_versoOrdine = verso == Griglia::Verso::Decrescente ? 0 : 1;
-    m_ordine = Ordine{colonna, verso};
+    m_ordinamento.ordina(m_griglia, colonna);
 }

@@ -3,6 +3,7 @@
 #include "analisi/colonne9.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/griglia.h"
+#include "piattaforma/ordinealternato.h"
 
 #include <QString>
 
@@ -72,16 +73,12 @@ public:
     // A double click on a column of the grid, or a click on its header: numeric sort,
     // descending first, then alternately.
     void ordina(int colonna);
-    int versoOrdine() const { return m_versoOrdine; }
+    int versoOrdine() const { return m_ordinamento.verso(); }
     // The column the rows stand sorted by, with its direction, while that order holds: the
     // steps keep it (the undo brings back the one of its snapshot); loading the universe, in no
     // column's order, ends it, and so does renumbering "Pos." after a sort by "Pos.".
-    struct Ordine {
-        int colonna;
-        Griglia::Verso verso;
-        bool operator==(const Ordine &) const = default;
-    };
-    const std::optional<Ordine> &ordine() const { return m_ordine; }
+    using Ordine = OrdineAlternato::Ordine;
+    const std::optional<Ordine> &ordine() const { return m_ordinamento.ordine(); }
 
     // The number a text of a control stands for: leading blanks skipped, then digits; "?" and
     // text without a number are 0.
@@ -110,7 +107,6 @@ private:
     int m_righeIstantanea = 0;
     bool m_conIstantanea = false;
     std::array<QString, 9> m_segniFissi;
-    int m_versoOrdine = 1;
-    std::optional<Ordine> m_ordine;
+    OrdineAlternato m_ordinamento;
     std::optional<Ordine> m_ordineIstantanea;
 };

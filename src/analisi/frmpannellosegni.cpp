@@ -6,6 +6,7 @@
 #include "core/glossario.h"
 #include "core/mdistile.h"
 #include "core/mditastiera.h"
+#include "core/mditrascinamento.h"
 #include "core/registroschermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
@@ -16,6 +17,7 @@
 #include "stampa/documentopagine.h"
 #include "stampa/esportazioneexcel.h"
 #include "stampa/frmanteprima.h"
+#include "stampa/frmmenugriglie.h"
 
 #include <QComboBox>
 #include <QCursor>
@@ -23,7 +25,6 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStyle>
@@ -65,10 +66,7 @@ FrmPannelloSegni::FrmPannelloSegni(StatoProgramma &stato, QWidget *genitore)
     setAutoFillBackground(true);
     setStyleSheet(u"FrmPannelloSegni { background: #eef1f6; }"
                   "#lblTitolo { color: #1d3f72; }"
-                  "#lblIndice { color: #8b0000; }"
-                  "#lblEsci { font-weight: bold; color: white; background: #b03030; "
-                  "border: none; padding: 1px 7px; }"
-                  "#lblEsci:hover { background: #d04040; }"_s);
+                  "#lblIndice { color: #8b0000; }"_s);
 
     auto *titolo = didascalia(QString::fromUtf8(Titolo).trimmed(), this, u"lblTitolo"_s);
     QFont fTitolo = titolo->font();
@@ -76,13 +74,10 @@ FrmPannelloSegni::FrmPannelloSegni(StatoProgramma &stato, QWidget *genitore)
     titolo->setFont(fTitolo);
     auto *lblIndice =
         didascalia(GrigliePannello::testoIndice(stato.ColonneArchivio), this, u"lblIndice"_s);
-    lblIndice->installEventFilter(this);
     lblIndice->setCursor(Qt::SizeAllCursor);
-    auto *lblEsci = new QPushButton(u"X"_s, this);
-    lblEsci->setObjectName(u"lblEsci"_s);
-    lblEsci->setCursor(Qt::PointingHandCursor);
-    lblEsci->setToolTip(u"Chiudi"_s);
-    connect(lblEsci, &QPushButton::clicked, this, [this] { finestra()->close(); });
+    // The panel has no title bar: it is moved by its background and by lblIndice.
+    MdiTrascinamento::installa(this, {lblIndice});
+    auto *lblEsci = MdiStile::pulsanteEsci(this);
 
     auto *vistaTerzine = creaVista(u"Griglia"_s, m_terzine, GrigliePannello::RigheTerzine);
     auto *vistaCoppie = creaVista(u"GrigliaCoppie"_s, m_coppie, GrigliePannello::RigheCoppie);
@@ -90,18 +85,12 @@ FrmPannelloSegni::FrmPannelloSegni(StatoProgramma &stato, QWidget *genitore)
         creaVista(u"GrigliaCinquine"_s, m_cinquine, GrigliePannello::RigheCinquine);
     connect(vistaTerzine, &VistaGriglia::clic, this, &FrmPannelloSegni::clicTerzine);
     // The right button hands a grid to the export: its first row of signs becomes the header.
-    const auto esportazione = [this](VistaGriglia *vista, Griglia *griglia, const QString &titolo) {
-        connect(vista, &VistaGriglia::tastoDestro, this, [this, griglia, titolo] {
-            eseguiProtetto(m_stato.dialoghi(), [&] {
-                EsportazioneExcel::prepara(m_stato, *griglia, titolo + EsportazioneExcel::oggi());
-                if (m_stato.registro())
-                    m_stato.registro()->apriMenuGriglie(QCursor::pos());
-            });
-        });
-    };
-    esportazione(vistaTerzine, m_terzine, u"Situazione delle 27 Terzine, alla data "_s);
-    esportazione(vistaCinquine, m_cinquine, u"Situazione delle 243 Cinquine, alla data "_s);
-    esportazione(vistaCoppie, m_coppie, u"Situazione delle 9 Coppie finali, alla data "_s);
+    FrmMenuGriglie::esportaConTastoDestro(stato, vistaTerzine,
+                                          u"Situazione delle 27 Terzine, alla data "_s);
+    FrmMenuGriglie::esportaConTastoDestro(stato, vistaCinquine,
+                                          u"Situazione delle 243 Cinquine, alla data "_s);
+    FrmMenuGriglie::esportaConTastoDestro(stato, vistaCoppie,
+                                          u"Situazione delle 9 Coppie finali, alla data "_s);
 
     auto *cmbStampa = new QComboBox(this);
     cmbStampa->setObjectName(u"cmbStampa"_s);
@@ -216,29 +205,4 @@ void FrmPannelloSegni::stampa(const QString &scelta) {
     StampaPannello::stampaGriglia(stampante.inizia(), coppie ? *m_coppie : *m_terzine, titolo,
                                   m_stato.ColonneArchivio.ultima()[ArchivioColonne::Concorso]);
     stampante.fine();
-}
-
-QWidget *FrmPannelloSegni::finestra() {
-    return MdiStile::finestraDi(this);
-}
-
-void FrmPannelloSegni::mousePressEvent(QMouseEvent *e) {
-    // The panel has no title bar: it is moved by its background and by lblIndice.
-    if (e->button() == Qt::LeftButton)
-        m_presa = e->globalPosition().toPoint() - finestra()->pos();
-    QWidget::mousePressEvent(e);
-}
-
-void FrmPannelloSegni::mouseMoveEvent(QMouseEvent *e) {
-    if (e->buttons() & Qt::LeftButton)
-        finestra()->move(e->globalPosition().toPoint() - m_presa);
-    QWidget::mouseMoveEvent(e);
-}
-
-bool FrmPannelloSegni::eventFilter(QObject *oggetto, QEvent *e) {
-    if (e->type() == QEvent::MouseButtonPress)
-        mousePressEvent(static_cast<QMouseEvent *>(e));
-    else if (e->type() == QEvent::MouseMove)
-        mouseMoveEvent(static_cast<QMouseEvent *>(e));
-    return QWidget::eventFilter(oggetto, e);
 }

@@ -2,7 +2,6 @@
 
 #include "analisi/selezioneterzine.h"
 
-#include <QPoint>
 #include <QWidget>
 
 class Griglia;
@@ -28,22 +27,15 @@ public:
     Griglia &coppie() const { return *m_coppie; }
     const SelezioneTerzine &selezione() const { return m_selezione; }
 
-protected:
-    void mousePressEvent(QMouseEvent *e) override;
-    void mouseMoveEvent(QMouseEvent *e) override;
-    bool eventFilter(QObject *oggetto, QEvent *e) override;
-
 private:
     VistaGriglia *creaVista(const QString &nome, Griglia *griglia, int righeVisibili);
     void clicTerzine(int riga, int colonna);
     // "Terzine" and "Coppie" go to the printer, "Cinquine" to the preview.
     void stampa(const QString &scelta);
-    QWidget *finestra();
 
     StatoProgramma &m_stato;
     Griglia *m_terzine;
     Griglia *m_cinquine;
     Griglia *m_coppie;
     SelezioneTerzine m_selezione;
-    QPoint m_presa;
 };

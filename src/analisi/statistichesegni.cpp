@@ -3,6 +3,8 @@
 #include "core/colonna.h"
 #include "piattaforma/erroreesecuzione.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -20,35 +22,76 @@ QStringList enumera(int lunghezza) {
     return elenco;
 }
 
-// The slices of the panel: start (0-based) and length in the column; the cinquina and the coppia
-// are the column's last signs, so they have no start of their own (-1).
-struct Fetta {
-    int inizio;
-    int lunghezza;
-};
-constexpr std::array<Fetta, 4> FetteTerzine{{{0, 3}, {3, 3}, {6, 3}, {9, 3}}};
-constexpr Fetta FettaCinquina{-1, 5};
-constexpr Fetta FettaCoppia{-1, 2};
-
-QStringView taglia(const QString &colonna, Fetta f) {
-    return f.inizio < 0 ? QStringView(colonna).right(f.lunghezza)
-                        : QStringView(colonna).mid(f.inizio, f.lunghezza);
-}
-
-// A column too short for the slice gives a short text, which matches no pattern.
-int indiceFetta(const QString &colonna, Fetta f) {
-    const QStringView fetta = taglia(colonna, f);
-    return fetta.size() == f.lunghezza ? StatisticheSegni::indice(fetta) : -1;
+int potenzaDiTre(int esponente) {
+    int p = 1;
+    while (esponente-- > 0)
+        p *= 3;
+    return p;
 }
 
 template <std::size_t N>
-void chiudi(std::array<StatisticheSegni::Figura, N> &figure, const std::array<int, N> &ultimo,
-            int n, int assente) {
+void figure(std::array<StatisticheSegni::Figura, N> &destinazione,
+            const StatisticheSegni::Presenze &presenze, const StatisticheSegni::Finestra &f) {
     for (std::size_t i = 0; i < N; ++i)
-        figure[i].ritardo = ultimo[i] > 0 ? n - ultimo[i] : assente;
+        destinazione[i] = presenze.figura(int(i), f);
 }
 
 } // namespace
+
+QStringView StatisticheSegni::taglia(const QString &colonna, Fetta f) {
+    return f.inizio <= 0 ? QStringView(colonna).right(f.lunghezza)
+                         : QStringView(colonna).mid(f.inizio - 1, f.lunghezza);
+}
+
+// A column too short for the slice gives a short text, which matches no pattern.
+int StatisticheSegni::indiceFetta(const QString &colonna, Fetta f) {
+    const QStringView fetta = taglia(colonna, f);
+    return fetta.size() == f.lunghezza ? indice(fetta) : -1;
+}
+
+StatisticheSegni::Figura StatisticheSegni::Presenze::figura(int i, const Finestra &f) const {
+    return {ultimo[i] > 0 ? f.riferimento - ultimo[i] : f.assente, frequenza[i]};
+}
+
+std::vector<StatisticheSegni::Presenze>
+StatisticheSegni::conta(const ArchivioColonne &archivio, std::span<const Fetta> fette,
+                        const Finestra &finestra, const std::function<bool(int)> &contaConcorso) {
+    std::vector<Presenze> presenze(fette.size());
+    for (std::size_t k = 0; k < fette.size(); ++k) {
+        const int schemi = potenzaDiTre(fette[k].lunghezza);
+        presenze[k].frequenza.assign(schemi, 0);
+        presenze[k].ultimo.assign(schemi, 0);
+    }
+    const int primo = std::max(finestra.primo, 1);
+    const int ultimo = std::min(finestra.ultimo, archivio.numero());
+    // Contests from the oldest: the last one that shows a pattern gives its delay.
+    for (int j = primo; j <= ultimo; ++j) {
+        if (contaConcorso && !contaConcorso(j))
+            continue;
+        const QString &colonna = archivio.colonna(j - 1);
+        for (std::size_t k = 0; k < fette.size(); ++k)
+            if (const int i = indiceFetta(colonna, fette[k]); i >= 0) {
+                ++presenze[k].frequenza[i];
+                presenze[k].ultimo[i] = j;
+            }
+    }
+    return presenze;
+}
+
+StatisticheSegni::Figura StatisticheSegni::cammina(const ArchivioColonne &archivio, Fetta fetta,
+                                                   QStringView schema, const Finestra &finestra) {
+    const int primo = std::max(finestra.primo, 1);
+    const int ultimo = std::min(finestra.ultimo, archivio.numero());
+    Figura figura;
+    int j = ultimo;
+    while (j >= primo && taglia(archivio.colonna(j - 1), fetta) != schema)
+        --j;
+    figura.ritardo = j >= primo ? finestra.riferimento - j : finestra.assente;
+    for (int k = ultimo; k >= primo; --k)
+        if (taglia(archivio.colonna(k - 1), fetta) == schema)
+            ++figura.frequenza;
+    return figura;
+}
 
 const QStringList &StatisticheSegni::elencoTerzine() {
     static const QStringList elenco = enumera(3);
@@ -82,12 +125,16 @@ int StatisticheSegni::indice(QStringView schema) {
     return valore;
 }
 
-void StatisticheSegni::verificaCapacita(int numero, int base) {
+void StatisticheSegni::verificaCapacita(int numero, const QString &schermo) {
     if (numero > CapacitaConcorsi)
         throw ErroreEsecuzione(
-            u"Il pannello delle terzine può esaminare al massimo %1 concorsi: l'archivio ne ha %2."_s
+            u"%1 può esaminare al massimo %2 concorsi: l'archivio ne ha %3."_s.arg(schermo)
                 .arg(CapacitaConcorsi)
                 .arg(numero));
+}
+
+void StatisticheSegni::verificaPannello(int numero, int base) {
+    verificaCapacita(numero, u"Il pannello delle terzine"_s);
     if (numero < base)
         throw ErroreEsecuzione(
             u"Il pannello delle coppie esamina gli ultimi %1 concorsi: l'archivio ne ha solo %2."_s
@@ -97,71 +144,36 @@ void StatisticheSegni::verificaCapacita(int numero, int base) {
 
 StatisticheSegni::Figure StatisticheSegni::calcola(const ArchivioColonne &archivio, int base) {
     const int n = archivio.numero();
-    verificaCapacita(n, base);
+    verificaPannello(n, base);
+    static constexpr std::array<Fetta, 5> Fette{FetteTerzine[0], FetteTerzine[1], FetteTerzine[2],
+                                                FetteTerzine[3], FettaCinquina};
+    const Finestra tutte{1, n, n, n};
+    const Finestra ultime{n - base + 1, n, n, base};
+    const std::vector<Presenze> p = conta(archivio, Fette, tutte);
+    const std::vector<Presenze> coppie = conta(archivio, std::span(&FettaCoppia, 1), ultime);
     Figure f;
     f.baseCoppie = base;
-    std::array<std::array<int, 27>, 4> ultimaTerzina{};
-    std::array<int, 243> ultimaCinquina{};
-    std::array<int, 9> ultimaCoppia{};
-    const int primaCoppia = n - base + 1;
-    // Contests are numbered from 1; the last seen contest of each pattern gives its delay.
-    for (int j = 1; j <= n; ++j) {
-        const QString &colonna = archivio.colonna(j - 1);
-        for (int t = 0; t < 4; ++t)
-            if (const int i = indiceFetta(colonna, FetteTerzine[t]); i >= 0) {
-                ++f.terzine[t][i].frequenza;
-                ultimaTerzina[t][i] = j;
-            }
-        if (const int i = indiceFetta(colonna, FettaCinquina); i >= 0) {
-            ++f.cinquine[i].frequenza;
-            ultimaCinquina[i] = j;
-        }
-        if (j >= primaCoppia)
-            if (const int i = indiceFetta(colonna, FettaCoppia); i >= 0) {
-                ++f.coppie[i].frequenza;
-                ultimaCoppia[i] = j;
-            }
-    }
     for (int t = 0; t < 4; ++t)
-        chiudi(f.terzine[t], ultimaTerzina[t], n, n);
-    chiudi(f.cinquine, ultimaCinquina, n, n);
-    chiudi(f.coppie, ultimaCoppia, n, base);
+        figure(f.terzine[t], p[t], tutte);
+    figure(f.cinquine, p[4], tutte);
+    figure(f.coppie, coppie[0], ultime);
     return f;
 }
 
 StatisticheSegni::Figure StatisticheSegni::calcolaConScansione(const ArchivioColonne &archivio,
                                                                int base) {
     const int n = archivio.numero();
-    verificaCapacita(n, base);
-    // Slices are cut once, then compared as text by walks from the latest contest back.
-    std::array<QStringList, 4> terzine;
-    QStringList cinquine, coppie;
-    for (int j = 1; j <= n; ++j) {
-        const QString &colonna = archivio.colonna(j - 1);
-        for (int t = 0; t < 4; ++t)
-            terzine[t].append(taglia(colonna, FetteTerzine[t]).toString());
-        cinquine.append(taglia(colonna, FettaCinquina).toString());
-        coppie.append(taglia(colonna, FettaCoppia).toString());
-    }
-    const auto cammina = [n](const QStringList &fette, const QString &schema, int fino) {
-        Figura figura;
-        int j = n;
-        while (j >= fino && fette.at(j - 1) != schema)
-            --j;
-        figura.ritardo = n - (j >= fino ? j : fino - 1);
-        for (int k = n; k >= fino; --k)
-            if (fette.at(k - 1) == schema)
-                ++figura.frequenza;
-        return figura;
-    };
+    verificaPannello(n, base);
+    const Finestra tutte{1, n, n, n};
+    const Finestra ultime{n - base + 1, n, n, base};
     Figure f;
     f.baseCoppie = base;
     for (int t = 0; t < 4; ++t)
         for (int i = 0; i < 27; ++i)
-            f.terzine[t][i] = cammina(terzine[t], elencoTerzine().at(i), 1);
+            f.terzine[t][i] = cammina(archivio, FetteTerzine[t], elencoTerzine().at(i), tutte);
     for (int i = 0; i < 243; ++i)
-        f.cinquine[i] = cammina(cinquine, elencoCinquine().at(i), 1);
+        f.cinquine[i] = cammina(archivio, FettaCinquina, elencoCinquine().at(i), tutte);
     for (int i = 0; i < 9; ++i)
-        f.coppie[i] = cammina(coppie, elencoCoppie().at(i), n - base + 1);
+        f.coppie[i] = cammina(archivio, FettaCoppia, elencoCoppie().at(i), ultime);
     return f;
 }

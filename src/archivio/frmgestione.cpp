@@ -34,15 +34,7 @@ FrmGestione::FrmGestione(StatoProgramma &stato, QWidget *genitore)
     auto *suggerimento = new QLabel(u"Modificare i campi per correggere gli  errori"_s, this);
     suggerimento->setObjectName(u"lblSuggerimento"_s);
     suggerimento->setTextFormat(Qt::PlainText);
-    auto *lblEsci = new QPushButton(u"X"_s, this);
-    lblEsci->setObjectName(u"lblEsci"_s);
-    lblEsci->setToolTip(u"Chiudi"_s);
-    lblEsci->setCursor(Qt::PointingHandCursor);
-    lblEsci->setFixedWidth(28);
-    lblEsci->setStyleSheet(u"#lblEsci { font-weight: bold; color: white; background: #b03030; "
-                           "border: none; padding: 2px; }"
-                           "#lblEsci:hover { background: #d04040; }"_s);
-    connect(lblEsci, &QPushButton::clicked, this, &QWidget::close);
+    auto *lblEsci = MdiStile::pulsanteEsci(this);
 
     QFont mono(u"Liberation Mono"_s);
     mono.setStyleHint(QFont::Monospace);

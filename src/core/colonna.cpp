@@ -27,7 +27,7 @@ const QStringList &Colonna::formule() {
 
 namespace {
 
-void contaSegni(const QString &testo, qsizetype fine, int &uno, int &x, int &due) {
+void contaSegni(QStringView testo, qsizetype fine, int &uno, int &x, int &due) {
     uno = x = due = 0;
     for (qsizetype i = 0; i < fine && i < testo.size(); ++i) {
         const QChar c = testo.at(i);
@@ -73,6 +73,12 @@ QString Colonna::formulaNove(const QString &colonna) {
     int uno, x, due;
     contaSegni(colonna.toUpper(), LunghezzaNove, uno, x, due);
     return u"%1-%2-%3"_s.arg(uno).arg(x).arg(due);
+}
+
+std::array<int, 3> Colonna::segniNove(QStringView colonna) {
+    std::array<int, 3> conti{};
+    contaSegni(colonna, LunghezzaNove, conti[0], conti[1], conti[2]);
+    return conti;
 }
 
 QString Colonna::lineaColonna(const QString &colonna) {

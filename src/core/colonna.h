@@ -39,6 +39,10 @@ public:
     static MetricheColonna metriche(const QString &colonna);
     // "4-1-4": counts of "1", "X", "2" over positions 1 to 9.
     static QString formulaNove(const QString &colonna);
+    // The counts of "1", "X", "2" among the first nine characters as they stand (no case
+    // folding): the terms of the formula of the 9. A foreign character or a short column makes
+    // them add up to less than 9.
+    static std::array<int, 3> segniNove(QStringView colonna);
 
     // Texts built from an archive row (nine fields).
     static QString lineaColonna(const QString &colonna);

@@ -1,6 +1,7 @@
 #include "core/mdistile.h"
 
 #include <QMdiSubWindow>
+#include <QPushButton>
 #include <QWidget>
 
 void MdiStile::grassetto(QWidget *widget, double scala) {
@@ -24,4 +25,19 @@ QWidget *MdiStile::finestraDi(QWidget *schermo) {
             return w;
     }
     return schermo;
+}
+
+QPushButton *MdiStile::pulsanteEsci(QWidget *schermo) {
+    auto *esci = new QPushButton(QStringLiteral("X"), schermo);
+    esci->setObjectName(QStringLiteral("lblEsci"));
+    esci->setCursor(Qt::PointingHandCursor);
+    esci->setToolTip(QStringLiteral("Chiudi"));
+    esci->setFixedWidth(28);
+    esci->setStyleSheet(QStringLiteral(
+        "#lblEsci { font-weight: bold; color: white; background: #b03030; border: none; "
+        "padding: 1px 7px; }"
+        "#lblEsci:hover { background: #d04040; }"));
+    QObject::connect(esci, &QPushButton::clicked, schermo,
+                     [schermo] { finestraDi(schermo)->close(); });
+    return esci;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+class QPushButton;
 class QWidget;
 
 // The look shared by the screens: one place for what they would otherwise each repeat.
@@ -9,6 +10,8 @@ public:
     static void grassetto(QWidget *widget, double scala = 1.0);
     // A heading of a screen: bold, scaled, in the program's blue.
     static void titolo(QWidget *widget, double scala = 1.0);
+    // lblEsci: the small red "X" of a screen without a title bar, which closes its window.
+    static QPushButton *pulsanteEsci(QWidget *schermo);
     // The window a screen is shown in: its sub-window in the frame's area, or its own window.
     static QWidget *finestraDi(QWidget *schermo);
 };

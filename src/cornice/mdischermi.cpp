@@ -2,8 +2,12 @@
 
 #include "aggiornamenti/mdiaggiornamenti.h"
 #include "aggiornamenti/mdiaggiornamentisito.h"
+#include "analisi/frmcinquinemai.h"
 #include "analisi/frmcolonne9.h"
+#include "analisi/frmdettagliultimacv.h"
+#include "analisi/frmformule.h"
 #include "analisi/frmpannellosegni.h"
+#include "analisi/frmstatsegni.h"
 #include "archivio/frmarchivio.h"
 #include "archivio/frmgestione.h"
 #include "archivio/frminserisci.h"
@@ -22,6 +26,18 @@ void registraSchermi(MdiPannello &pannello) {
     pannello.registraSchermo(u"frmColonne9"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmColonne9(stato);
     });
+    pannello.registraSchermo(u"frmStatSegni"_s, [](StatoProgramma &stato, RegistroSchermi &) {
+        return new FrmStatSegni(stato);
+    });
+    pannello.registraSchermo(u"frmCinquineMai"_s, [](StatoProgramma &stato, RegistroSchermi &) {
+        return new FrmCinquineMai(stato);
+    });
+    pannello.registraSchermo(u"frmFormule"_s, [](StatoProgramma &stato, RegistroSchermi &) {
+        return new FrmFormule(stato);
+    });
+    pannello.registraSchermo(
+        u"frmDettagliUltimaCV"_s,
+        [](StatoProgramma &stato, RegistroSchermi &) { return new FrmDettagliUltimaCV(stato); });
     pannello.registraSchermo(u"frmStampa"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmStampa(stato);
     });

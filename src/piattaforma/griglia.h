@@ -97,6 +97,10 @@ public:
     int altezzaRighe() const { return m_altezzaRighe; }
     void setAltezzaRighe(int twips);
     static int twipsInPixel(int twips);
+    // A colour as the screens state it, a blue-green-red value: 0xC0FFFF is a pale yellow.
+    static QColor daBGR(quint32 bgr) {
+        return QColor(int(bgr & 0xFF), int((bgr >> 8) & 0xFF), int((bgr >> 16) & 0xFF));
+    }
     static int pixelInTwips(int px) { return px * TwipsPerPixel; }
 
     // A column's alignment is the one of its cells that have none of their own, rows added later

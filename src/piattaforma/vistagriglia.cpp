@@ -2,6 +2,7 @@
 
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/griglia.h"
+#include "piattaforma/ordinealternato.h"
 
 #include <QHeaderView>
 #include <QMouseEvent>
@@ -249,6 +250,18 @@ void VistaGriglia::setIntestazioneCliccabile(bool si) {
 
 bool VistaGriglia::intestazioneCliccabile() const {
     return horizontalHeader()->sectionsClickable();
+}
+
+void VistaGriglia::ordinaConDoppioClic(OrdineAlternato *ordine) {
+    setIntestazioneCliccabile(true);
+    const auto ordina = [this, ordine](int colonna) {
+        if (!m_griglia || colonna < 0 || colonna >= m_griglia->colonne())
+            return;
+        ordine->ordina(*m_griglia, colonna);
+        mostraOrdine(colonna, ordine->ordine()->verso);
+    };
+    connect(this, &VistaGriglia::doppioClic, this, [ordina](int, int colonna) { ordina(colonna); });
+    connect(this, &VistaGriglia::clicIntestazione, this, ordina);
 }
 
 void VistaGriglia::mostraOrdine(int colonna, Griglia::Verso verso) {

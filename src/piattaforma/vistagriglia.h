@@ -2,6 +2,8 @@
 
 #include "piattaforma/griglia.h"
 
+class OrdineAlternato;
+
 #include <QPersistentModelIndex>
 #include <QPointer>
 #include <QTableView>
@@ -44,6 +46,9 @@ public:
     // rows stand in that order; nascondiOrdine takes it off (the rows are in no column's order).
     void mostraOrdine(int colonna, Griglia::Verso verso);
     void nascondiOrdine();
+    // The grid sorts itself by `ordine` on a double click on a cell and on a click on a header,
+    // and shows the order it holds. The order must outlive the view.
+    void ordinaConDoppioClic(OrdineAlternato *ordine);
     // The column whose order is shown, -1 when none, and its direction.
     int colonnaOrdine() const;
     Griglia::Verso versoOrdine() const;

@@ -1,10 +1,13 @@
 #include "stampa/frmmenugriglie.h"
 
+#include "core/registroschermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/guardia.h"
+#include "piattaforma/vistagriglia.h"
 #include "stampa/esportazioneexcel.h"
 
 #include <QAction>
+#include <QCursor>
 #include <QMenu>
 
 using namespace Qt::StringLiterals;
@@ -24,6 +27,20 @@ FrmMenuGriglie::FrmMenuGriglie(StatoProgramma &stato, QWidget *genitore)
 FrmMenuGriglie::~FrmMenuGriglie() {
     // The menu may have gone with the parent already; without a parent it is ours.
     delete m_menu.data();
+}
+
+void FrmMenuGriglie::esportaConTastoDestro(StatoProgramma &stato, VistaGriglia *vista,
+                                           const QString &titolo) {
+    QObject::connect(vista, &VistaGriglia::tastoDestro, vista, [&stato, vista, titolo] {
+        eseguiProtetto(stato.dialoghi(), [&] {
+            if (!vista->griglia())
+                return;
+            EsportazioneExcel::prepara(stato, *vista->griglia(),
+                                       titolo + EsportazioneExcel::oggi());
+            if (stato.registro())
+                stato.registro()->apriMenuGriglie(QCursor::pos());
+        });
+    });
 }
 
 void FrmMenuGriglie::apri(const QPoint &globale) {
