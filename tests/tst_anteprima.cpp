@@ -3,6 +3,8 @@
 // the print to a PDF file chosen in the print dialog, the export of the grids, the prints of the
 // signs panel and of the archive, and the status bar of the frame saying where a file went.
 #include "supporto/ambienteprova.h"
+#include "supporto/anteprimaprova.h"
+#include "supporto/strumentiprova.h"
 
 #include "analisi/frmcolonne9.h"
 #include "analisi/frmpannellosegni.h"
@@ -45,46 +47,14 @@ template <typename T> T *cerca(QObject *in, const QString &nome) {
     return w;
 }
 
+using AnteprimaProva::paginePdf;
+using AnteprimaProva::quandoAppareStampa;
+
 FrmAnteprima *anteprima() {
-    const QWidgetList finestre = QApplication::topLevelWidgets();
-    for (QWidget *w : finestre)
-        if (w->objectName() == u"PrnPrv"_s && w->isVisible())
-            return qobject_cast<FrmAnteprima *>(w);
-    return nullptr;
+    return AnteprimaProva::aperta();
 }
 
-// The pages of a PDF file, read by pdfinfo; -1 when it can't be read.
-int paginePdf(const QString &file) {
-    QProcess p;
-    p.start(u"pdfinfo"_s, {file});
-    if (!p.waitForFinished(20000))
-        return -1;
-    const auto m = QRegularExpression(u"Pages:\\s+(\\d+)"_s)
-                       .match(QString::fromUtf8(p.readAllStandardOutput()));
-    return m.hasMatch() ? m.captured(1).toInt() : -1;
-}
-
-void clicDestro(VistaGriglia *v, int riga, int colonna) {
-    const QPoint punto = v->visualRect(v->model()->index(riga, colonna)).center();
-    QTest::mousePress(v->viewport(), Qt::RightButton, {}, punto);
-    QTest::mouseRelease(v->viewport(), Qt::RightButton, {}, punto);
-}
-
-// Works the print window (a modal dialog) when it comes up, as a user would.
-void quandoAppareStampa(const std::function<void(QWidget *)> &azione) {
-    auto *timer = new QTimer;
-    timer->setInterval(10);
-    QObject::connect(timer, &QTimer::timeout, [timer, azione] {
-        for (QWidget *w : QApplication::topLevelWidgets())
-            if (w->objectName() == u"PrnPrn"_s && w->isVisible()) {
-                timer->stop();
-                timer->deleteLater();
-                azione(w);
-                return;
-            }
-    });
-    timer->start();
-}
+using StrumentiProva::clicDestro;
 
 class Banco {
 public:

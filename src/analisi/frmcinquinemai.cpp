@@ -30,9 +30,7 @@ FrmCinquineMai::FrmCinquineMai(StatoProgramma &stato, QWidget *genitore)
     , m_griglia(new Griglia(1, 2, this)) {
     setObjectName(u"frmCinquineMai"_s);
     setWindowTitle(QString::fromUtf8(Titolo));
-    setWindowFlags(Qt::FramelessWindowHint);
-    setAutoFillBackground(true);
-    setStyleSheet(u"FrmCinquineMai { background: #eef1f6; }"_s);
+    MdiStile::senzaCornice(this);
     riempi();
 
     auto *titolo = new QLabel(QString::fromUtf8(Titolo), this);

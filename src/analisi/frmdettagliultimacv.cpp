@@ -46,9 +46,7 @@ FrmDettagliUltimaCV::FrmDettagliUltimaCV(StatoProgramma &stato, QWidget *genitor
     , m_griglia(new Griglia(1, 14, this)) {
     setObjectName(u"frmDettagliUltimaCV"_s);
     setWindowTitle(QString::fromUtf8(Titolo));
-    setWindowFlags(Qt::FramelessWindowHint);
-    setAutoFillBackground(true);
-    setStyleSheet(u"FrmDettagliUltimaCV { background: #eef1f6; }"_s);
+    MdiStile::senzaCornice(this);
 
     const ArchivioColonne &archivio = stato.ColonneArchivio;
     const bool vuoto = archivio.vuoto();

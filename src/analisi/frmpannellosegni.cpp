@@ -60,12 +60,10 @@ FrmPannelloSegni::FrmPannelloSegni(StatoProgramma &stato, QWidget *genitore)
 
     setObjectName(u"frmPannelloSegni"_s);
     setWindowTitle(QString::fromUtf8(Titolo));
-    setWindowFlags(Qt::FramelessWindowHint);
+    MdiStile::senzaCornice(this);
     // The first screen of the program stands at the top left of the frame's area.
     setProperty(RegistroSchermi::PosizioneFissa, true);
-    setAutoFillBackground(true);
-    setStyleSheet(u"FrmPannelloSegni { background: #eef1f6; }"
-                  "#lblTitolo { color: #1d3f72; }"
+    setStyleSheet(u"#lblTitolo { color: #1d3f72; }"
                   "#lblIndice { color: #8b0000; }"_s);
 
     auto *titolo = didascalia(QString::fromUtf8(Titolo).trimmed(), this, u"lblTitolo"_s);

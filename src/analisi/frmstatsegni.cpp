@@ -42,9 +42,7 @@ FrmStatSegni::FrmStatSegni(StatoProgramma &stato, QWidget *genitore)
     , m_griglia(new Griglia(15, Colonne, this)) {
     setObjectName(u"frmStatSegni"_s);
     setWindowTitle(QString::fromUtf8(Titolo));
-    setWindowFlags(Qt::FramelessWindowHint);
-    setAutoFillBackground(true);
-    setStyleSheet(u"FrmStatSegni { background: #eef1f6; }"_s);
+    MdiStile::senzaCornice(this);
 
     preparaTitoli();
     riempi();
@@ -112,7 +110,7 @@ void FrmStatSegni::preparaTitoli() {
         g.setTesto(0, c, Titoli[b]);
         g.setSfondo(0, c, Griglia::daBGR(ColoriBlocchi[b]));
         g.setGrassetto(0, c, true);
-        g.setDimensioneCarattere(0, c, 10);
+        g.setDimensioneCarattere(0, c, 9);
         g.setSuggerimento(0, c, Spiegazioni[b]);
     }
 }

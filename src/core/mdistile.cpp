@@ -1,6 +1,7 @@
 #include "core/mdistile.h"
 
 #include <QMdiSubWindow>
+#include <QPalette>
 #include <QPushButton>
 #include <QWidget>
 
@@ -25,6 +26,14 @@ QWidget *MdiStile::finestraDi(QWidget *schermo) {
             return w;
     }
     return schermo;
+}
+
+void MdiStile::senzaCornice(QWidget *schermo) {
+    schermo->setWindowFlags(Qt::FramelessWindowHint);
+    schermo->setAutoFillBackground(true);
+    QPalette tavolozza = schermo->palette();
+    tavolozza.setColor(QPalette::Window, QColor(0xee, 0xf1, 0xf6));
+    schermo->setPalette(tavolozza);
 }
 
 QPushButton *MdiStile::pulsanteEsci(QWidget *schermo) {

@@ -1,6 +1,7 @@
 #include "supporto/strumentiprova.h"
 
 #include "piattaforma/erroreesecuzione.h"
+#include "piattaforma/vistagriglia.h"
 
 #include <QCheckBox>
 #include <QFile>
@@ -53,6 +54,17 @@ void scriviSopra(QLineEdit *campo, const QString &testo) {
     campo->selectAll();
     QTest::keyClick(campo, Qt::Key_Delete);
     QTest::keyClicks(campo, testo);
+}
+
+void clicDestro(VistaGriglia *vista, int riga, int colonna) {
+    const QPoint punto = vista->visualRect(vista->model()->index(riga, colonna)).center();
+    QTest::mousePress(vista->viewport(), Qt::RightButton, {}, punto);
+    QTest::mouseRelease(vista->viewport(), Qt::RightButton, {}, punto);
+}
+
+void doppioClic(VistaGriglia *vista, int riga, int colonna) {
+    const QPoint punto = vista->visualRect(vista->model()->index(riga, colonna)).center();
+    QTest::mouseDClick(vista->viewport(), Qt::LeftButton, {}, punto);
 }
 
 } // namespace StrumentiProva

@@ -8,6 +8,7 @@
 
 class QAbstractButton;
 class QLineEdit;
+class VistaGriglia;
 
 // Small helpers of the tests: files byte for byte, the program's run-time faults, and the
 // controls of a screen used as a user would.
@@ -32,6 +33,10 @@ template <typename T> T *controllo(const QObject *schermo, const QString &nome) 
 // A click where a user clicks: a check box or an option on its mark at the left (the empty rest
 // of its row takes no click), any other button in its middle.
 void clic(QAbstractButton *pulsante);
+// A press and release of the right button on a cell of a grid (grid coordinates).
+void clicDestro(VistaGriglia *vista, int riga, int colonna);
+// A double click on a cell of a grid.
+void doppioClic(VistaGriglia *vista, int riga, int colonna);
 // The field's text selected and typed over, key by key (an empty text deletes it).
 void scriviSopra(QLineEdit *campo, const QString &testo);
 
