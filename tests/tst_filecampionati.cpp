@@ -3,8 +3,10 @@
 // names found without regard to case, and every fault leaving the files as they were.
 #include "supporto/strumentiprova.h"
 
+#include "campionati/classificacalcolata.h"
 #include "campionati/filecampionati.h"
 #include "campionati/leghe.h"
+#include "campionati/partitereali.h"
 #include "piattaforma/filedati.h"
 
 #include <QDir>
@@ -71,6 +73,9 @@ private slots:
     void calendarioBinarioByteAByte();
     void codaDelVecchioFile();
     void binarioTroppoCorto();
+    void risultatiEsteri_data();
+    void risultatiEsteri();
+    void classificaCalcolata();
 };
 
 void TstFileCampionati::descrizioneDelleLeghe() {
@@ -314,6 +319,71 @@ void TstFileCampionati::binarioTroppoCorto() {
     QVERIFY(!errore([&] { FileCampionati::decodificaCalendario(oltre, a); }).isNull());
     QTemporaryDir dir;
     QVERIFY(!errore([&] { FileCampionati::leggiCalendario(dir.path(), a); }).isNull());
+}
+
+void TstFileCampionati::risultatiEsteri_data() {
+    QTest::addColumn<QString>("riga");
+    QTest::addColumn<QString>("guasto"); // empty: read
+    QTest::newRow("anno solare") << u"2025;ArgentinaAp;1;2025-01-23;Tigre;Vélez;3;0"_s << QString();
+    QTest::newRow("stagione estera")
+        << u"2025-26;Spagna;1;2025-08-15;Girona;Rayo;1;3"_s << QString();
+    QTest::newRow("stagione di tre anni")
+        << u"2025-27;Spagna;1;2025-08-15;Girona;Rayo;1;3"_s << u"stagione non valida"_s;
+    QTest::newRow("anno di tre cifre")
+        << u"202;Spagna;1;2025-08-15;Girona;Rayo;1;3"_s << u"stagione non valida"_s;
+    QTest::newRow("lega sconosciuta")
+        << u"2025-26;Lussemburgo;1;2025-08-15;A;B;1;3"_s << u"lega sconosciuta"_s;
+}
+
+void TstFileCampionati::risultatiEsteri() {
+    QFETCH(QString, riga);
+    QFETCH(QString, guasto);
+    QTemporaryDir dir;
+    const QString file = dir.filePath(u"partite.csv"_s);
+    QFile f(file);
+    QVERIFY(f.open(QIODevice::WriteOnly));
+    f.write((PartiteReali::intestazione() + u'\n' + riga + u'\n').toUtf8());
+    f.close();
+    const QString e = errore([&] { PartiteReali::leggi(file); });
+    if (guasto.isEmpty())
+        QCOMPARE(e, QString());
+    else
+        QVERIFY2(e.contains(guasto), qPrintable(e));
+}
+
+void TstFileCampionati::classificaCalcolata() {
+    // Three matches: ALFA a win and a draw away, BETA one win by three goals, SÜDTIROL a draw.
+    const auto partita = [](const char *casa, const char *ospite, int gc, int go) {
+        PartiteReali::Partita p;
+        p.stagione = u"2025-26"_s;
+        p.lega = u"Austria"_s;
+        p.data = QDate(2025, 8, 1);
+        p.casa = QString::fromUtf8(casa);
+        p.ospite = QString::fromUtf8(ospite);
+        p.golCasa = gc;
+        p.golOspite = go;
+        return p;
+    };
+    const QList<PartiteReali::Partita> partite{partita("Alfa", "Gamma", 1, 0),
+                                               partita("Beta", "Gamma", 3, 0),
+                                               partita("Südtirol", "Alfa", 0, 0)};
+    const ClassificaCalcolata::Risultato r =
+        ClassificaCalcolata::calcola(partite, u"2025-26"_s, u"Austria"_s);
+    QCOMPARE(r.partite, 3);
+    const QList<FileCampionati::RigaClassifica> righe =
+        ClassificaCalcolata::righe(r.squadre, lega("Austria").righeClassifica);
+    QCOMPARE(righe.size(), 10);
+    const auto testo = [](const FileCampionati::RigaClassifica &r) {
+        return QStringList(r.begin(), r.end()).join(u' ');
+    };
+    QCOMPARE(testo(righe[0]), u"1 ALFA 4 2 1 1 0 1 0 1 1 0 0 1 0 1 0 1 0 0 0"_s);
+    QCOMPARE(testo(righe[1]), u"2 BETA 3 1 1 0 0 3 0 1 1 0 0 3 0 0 0 0 0 0 0"_s);
+    QCOMPARE(testo(righe[2]), u"3 SÜDTIROL 1 1 0 1 0 0 0 1 0 1 0 0 0 0 0 0 0 0 0"_s);
+    // The rows without a team: their position and the two "-", as the foreign updater writes.
+    QCOMPARE(righe[9][0], u"10"_s);
+    QCOMPARE(righe[9][9], u"-"_s);
+    QCOMPARE(righe[9][15], u"-"_s);
+    QCOMPARE(righe[9][1], QString());
 }
 
 QTEST_MAIN(TstFileCampionati)

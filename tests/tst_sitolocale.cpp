@@ -1,6 +1,8 @@
 // The builder of the local update site (tools/creasitolocale), run as a user runs it: on the
 // delivered data folder, then on a small table of results written here, then on bad input.
 
+#include "campionati/classificacalcolata.h"
+#include "campionati/filecampionati.h"
 #include "campionati/leghe.h"
 #include "core/colonna.h"
 #include "piattaforma/filedati.h"
@@ -293,21 +295,24 @@ void TstSitoLocale::classificheSenzaRisultati() {
     QFETCH(int, lega);
     const Leghe::Lega &l = Leghe::italiane()[size_t(lega)];
     const QString codice = QString::fromLatin1(l.codice);
-    // The delivered folder has no tables of its own: the teams stand at zero.
-    QVERIFY(!FileDati::esiste(m_dati.path(), u"ClassifSerie%1.txt"_s.arg(codice)));
-    const QStringList linee = righe(u"vespara/ClassifSerie%1.html"_s.arg(codice));
-    const QStringList nomi = squadre(lega).mid(0, l.righeClassifica);
-    QCOMPARE(linee.size(), nomi.size() + 1);
-    QVERIFY2(linee.first().startsWith(u"Campionato Serie %1 - "_s.arg(codice)),
-             qPrintable(linee.first()));
-    for (int i = 0; i < nomi.size(); ++i) {
-        const QStringList campi = linee.at(i + 1).split(u'\t');
-        QCOMPARE(campi.size(), 21);
-        QCOMPARE(campi.at(0), QString::number(i + 1));
-        QCOMPARE(campi.at(1), nomi.at(i));
-        for (int c = 2; c < 21; ++c)
-            QCOMPARE(campi.at(c), u"0"_s);
-    }
+    // Without results the site serves the delivered folder's own table, as it stands, and the
+    // program reads it as a table of the league.
+    QVERIFY(FileDati::esiste(m_dati.path(), Leghe::fileClassifica(l)));
+    const QString pagina = this->pagina(u"vespara/ClassifSerie%1.html"_s.arg(codice));
+    QCOMPARE(byteDi(pagina), byteDi(FileDati::percorso(m_dati.path(), Leghe::fileClassifica(l))));
+    const FileCampionati::Classifica letta =
+        FileCampionati::classificaDaRighe(FileDati::leggiRighe(pagina), l.righeClassifica);
+    QVERIFY2(letta.intestazione.startsWith(u"Campionato Serie %1 - "_s.arg(codice)),
+             qPrintable(letta.intestazione));
+    // Teams of the league's list, as many as its rows hold.
+    const QStringList nomi = squadre(lega);
+    int inTabella = 0;
+    for (const FileCampionati::RigaClassifica &r : letta.righe)
+        if (!r[1].isEmpty()) {
+            ++inTabella;
+            QVERIFY2(nomi.contains(r[1]), qPrintable(r[1]));
+        }
+    QCOMPARE(inTabella, std::min<int>(int(nomi.size()), l.righeClassifica));
 }
 
 void TstSitoLocale::listeSquadre_data() {
@@ -393,6 +398,13 @@ void TstSitoLocale::classificheDaRisultati_data() {
 void TstSitoLocale::classificheDaRisultati() {
     QFETCH(QString, pagina);
     QFETCH(QStringList, attese);
+    // The page holds exactly the league's rows: empty ones after the teams.
+    const Leghe::Lega &lega =
+        *Leghe::perCodice(pagina.section(u'.', 0, 0).mid(QStringLiteral("ClassifSerie").size()));
+    for (qsizetype r = attese.size(); r <= lega.righeClassifica; ++r) {
+        const FileCampionati::RigaClassifica vuota = ClassificaCalcolata::rigaVuota(int(r));
+        attese.append(QStringList(vuota.begin(), vuota.end()).join(u'\t'));
+    }
 
     QTemporaryDir cartella;
     QVERIFY(cartella.isValid());

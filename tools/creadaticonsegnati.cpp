@@ -1,8 +1,12 @@
-// Builds the delivered data folder (dati/) from real results of the Italian leagues: the archive
-// of winning columns, the team lists and the marker files. Run by hand; its output is committed.
+// Builds the delivered data folder (dati/) from real results: the archive of winning columns, the
+// team lists and the marker files from the Italian leagues, and the league tables of the Italian
+// series and of the foreign leagues. Run by hand; its output is committed.
 //
-//   creadaticonsegnati <partite-italia.csv> <cartella di uscita>
+//   creadaticonsegnati <partite-italia.csv> <partite-estere.csv> <cartella di uscita>
 
+#include "campionati/classificacalcolata.h"
+#include "campionati/filecampionati.h"
+#include "campionati/leghe.h"
 #include "campionati/partitereali.h"
 #include "core/colonna.h"
 #include "piattaforma/erroreesecuzione.h"
@@ -142,7 +146,87 @@ void scrivi(const QDir &cartella, const QString &nome, const QStringList &righe,
     uscita() << u"Scritto %1: %2 righe (%3).\n"_s.arg(nome).arg(righe.size()).arg(descrizione);
 }
 
-void creaDati(const QString &percorsoPartite, const QString &percorsoUscita) {
+// The season and the league of the results that make each Italian table; C2B and C2C have none.
+struct FonteClassifica {
+    const char *codice;
+    const QString &stagione;
+    const char16_t *lega;
+};
+
+void scriviClassifica(const QDir &cartella, const Leghe::Lega &lega,
+                      const ClassificaCalcolata::Risultato &r, const QString &intestazione,
+                      const QString &descrizione) {
+    FileCampionati::scriviClassifica(
+        cartella.path(), lega,
+        {intestazione, ClassificaCalcolata::righe(r.squadre, lega.righeClassifica)});
+    uscita() << u"Scritto %1: %2 squadre su %3 righe (%4).\n"_s.arg(Leghe::fileClassifica(lega))
+                    .arg(std::min<qsizetype>(r.squadre.size(), lega.righeClassifica))
+                    .arg(lega.righeClassifica)
+                    .arg(descrizione);
+}
+
+// The tables every league menu entry reads on a first start: the Italian series from their
+// results (the two without results empty), the foreign leagues from theirs with their team lists
+// as the foreign update writes them; Belgium, which the results lack, with made-up teams.
+void creaClassifiche(const QDir &cartella, const QList<Partita> &italiane,
+                     const QList<Partita> &estere) {
+    const FonteClassifica fonti[] = {
+        {"A", StagioneCorrente, u"A"},  {"B", StagioneCorrente, u"B"},
+        {"C1A", StagioneSerieC, u"CA"}, {"C1B", StagioneSerieC, u"CB"},
+        {"C2A", StagioneSerieC, u"CC"},
+    };
+    for (const Leghe::Lega &lega : Leghe::italiane()) {
+        const auto fonte = std::find_if(std::begin(fonti), std::end(fonti), [&lega](const auto &f) {
+            return qstrcmp(f.codice, lega.codice) == 0;
+        });
+        if (fonte == std::end(fonti)) {
+            scriviClassifica(cartella, lega, {}, ClassificaCalcolata::intestazioneVuota(lega),
+                             u"nessun risultato"_s);
+            continue;
+        }
+        const QString codice = QString::fromUtf16(fonte->lega);
+        const auto r = ClassificaCalcolata::calcola(italiane, fonte->stagione, codice);
+        if (r.partite == 0)
+            throw ErroreEsecuzione(
+                u"Nessuna partita della lega %1 nella stagione %2."_s.arg(codice, fonte->stagione));
+        scriviClassifica(
+            cartella, lega, r, ClassificaCalcolata::intestazione(lega, r.ultima),
+            u"%1 partite della lega %2 %3"_s.arg(r.partite).arg(codice, fonte->stagione));
+    }
+    for (const Leghe::Lega &lega : Leghe::straniere()) {
+        const QString codice = QString::fromLatin1(lega.codice);
+        ClassificaCalcolata::Risultato r;
+        QString intestazione;
+        QString descrizione;
+        if (codice == u"Belgio"_s) {
+            for (int i = 1; i <= lega.righeClassifica; ++i)
+                r.squadre.append({u"SQUADRA INVENTATA %1"_s.arg(i), {}, {}});
+            intestazione = u"Campionato Belgio - Squadre inventate, nessuna partita"_s;
+            descrizione = u"squadre inventate"_s;
+        } else {
+            // The latest season the results hold for the league.
+            QString stagione;
+            for (const Partita &p : estere)
+                if (p.lega == codice && p.stagione > stagione)
+                    stagione = p.stagione;
+            r = ClassificaCalcolata::calcola(estere, stagione, codice);
+            if (r.partite == 0)
+                throw ErroreEsecuzione(u"Nessuna partita del campionato %1."_s.arg(codice));
+            intestazione = ClassificaCalcolata::intestazione(lega, r.ultima);
+            descrizione = u"%1 partite della stagione %2"_s.arg(r.partite).arg(stagione);
+        }
+        scriviClassifica(cartella, lega, r, intestazione, descrizione);
+        QStringList nomi;
+        for (const ClassificaCalcolata::Squadra &s : std::as_const(r.squadre))
+            nomi.append(s.nome);
+        FileCampionati::scriviSquadreStraniere(cartella.path(), lega,
+                                               nomi.mid(0, lega.righeClassifica));
+        uscita() << u"Scritto %1.\n"_s.arg(Leghe::fileSquadre(lega));
+    }
+}
+
+void creaDati(const QString &percorsoPartite, const QString &percorsoEstere,
+              const QString &percorsoUscita) {
     QList<Partita> partite = PartiteReali::leggi(percorsoPartite);
     uscita() << u"Lette %1 partite da %2.\n"_s.arg(partite.size())
                     .arg(QDir::toNativeSeparators(percorsoPartite));
@@ -189,6 +273,13 @@ void creaDati(const QString &percorsoPartite, const QString &percorsoUscita) {
     }
     scrivi(cartella, u"SerieC2B.txt"_s, {}, u"vuoto"_s);
     scrivi(cartella, u"SerieC2C.txt"_s, {}, u"vuoto"_s);
+
+    QList<Partita> estere = PartiteReali::leggi(percorsoEstere);
+    uscita() << u"Lette %1 partite da %2.\n"_s.arg(estere.size())
+                    .arg(QDir::toNativeSeparators(percorsoEstere));
+    for (const QString &correzione : PartiteReali::correggiDate(estere))
+        uscita() << correzione << u'\n';
+    creaClassifiche(cartella, partite, estere);
 }
 
 } // namespace
@@ -197,12 +288,13 @@ int main(int argc, char *argv[]) {
     QCoreApplication app(argc, argv);
     const QStringList argomenti = QCoreApplication::arguments();
     QTextStream errori(stderr);
-    if (argomenti.size() != 3) {
-        errori << u"Uso: creadaticonsegnati <partite-italia.csv> <cartella di uscita>\n"_s;
+    if (argomenti.size() != 4) {
+        errori << u"Uso: creadaticonsegnati <partite-italia.csv> <partite-estere.csv> "
+                  u"<cartella di uscita>\n"_s;
         return 2;
     }
     try {
-        creaDati(argomenti.at(1), argomenti.at(2));
+        creaDati(argomenti.at(1), argomenti.at(2), argomenti.at(3));
     } catch (const ErroreEsecuzione &e) {
         uscita().flush();
         errori << u"Errore: "_s << e.testo() << u"\n"_s;

@@ -5,6 +5,8 @@
 //
 //   creasitolocale <cartella dati> <cartella sito> [partite-italia.csv]
 
+#include "campionati/classificacalcolata.h"
+#include "campionati/filecampionati.h"
 #include "campionati/leghe.h"
 #include "campionati/partitereali.h"
 #include "core/archiviocolonne.h"
@@ -132,63 +134,14 @@ using Partita = PartiteReali::Partita;
 
 // --- League tables ---------------------------------------------------------------------------
 
-struct Parziale {
-    int giocate = 0, vinte = 0, pari = 0, perse = 0, fatti = 0, subiti = 0;
+using Squadra = ClassificaCalcolata::Squadra;
 
-    void aggiungi(int f, int s) {
-        ++giocate;
-        vinte += f > s;
-        pari += f == s;
-        perse += f < s;
-        fatti += f;
-        subiti += s;
-    }
-    Parziale operator+(const Parziale &o) const {
-        return {giocate + o.giocate, vinte + o.vinte, pari + o.pari,
-                perse + o.perse,     fatti + o.fatti, subiti + o.subiti};
-    }
-    QStringList comeCampi() const {
-        QStringList campi;
-        for (const int n : {giocate, vinte, pari, perse, fatti, subiti})
-            campi.append(QString::number(n));
-        return campi;
-    }
-};
-
-struct Squadra {
-    QString nome;
-    Parziale casa, fuori;
-
-    Parziale totale() const { return casa + fuori; }
-    int punti() const { return 3 * totale().vinte + totale().pari; }
-};
-
-// Points, then goal difference, then goals scored, then the name.
-bool precede(const Squadra &a, const Squadra &b) {
-    const Parziale ta = a.totale(), tb = b.totale();
-    if (a.punti() != b.punti())
-        return a.punti() > b.punti();
-    if (ta.fatti - ta.subiti != tb.fatti - tb.subiti)
-        return ta.fatti - ta.subiti > tb.fatti - tb.subiti;
-    if (ta.fatti != tb.fatti)
-        return ta.fatti > tb.fatti;
-    return a.nome < b.nome;
-}
-
-QString rigaClassifica(int posizione, const Squadra &s) {
-    QStringList campi{QString::number(posizione), s.nome, QString::number(s.punti())};
-    campi << s.totale().comeCampi() << s.casa.comeCampi() << s.fuori.comeCampi();
-    return campi.join(u'\t');
-}
-
-QString titoloClassifica(const Leghe::Lega &lega, const QDate &data) {
-    return u"Campionato Serie %1 - Classifica aggiornata al %2"_s.arg(
-        QString::fromLatin1(lega.codice), data.toString(FormatoData));
-}
-
-QString titoloVuoto(const Leghe::Lega &lega) {
-    return u"Campionato Serie %1 - Nessuna squadra in classifica"_s.arg(
-        QString::fromLatin1(lega.codice));
+// The lines of a table page: the heading, then exactly the league's rows (empty ones where the
+// league has fewer teams), as the program's reader wants them.
+QStringList righeTabella(const QString &intestazione, const QList<Squadra> &squadre,
+                         const Leghe::Lega &lega) {
+    return FileCampionati::righeDaClassifica(
+        {intestazione, ClassificaCalcolata::righe(squadre, lega.righeClassifica)});
 }
 
 QString paginaClassifica(const Leghe::Lega &lega) {
@@ -214,65 +167,46 @@ void classificaCalcolata(Sito &sito, const Leghe::Lega &lega, const QList<Partit
         FontiClassifiche.begin(), FontiClassifiche.end(),
         [&lega](const FonteClassifica &f) { return qstrcmp(f.codice, lega.codice) == 0; });
     if (fonte == FontiClassifiche.end()) {
-        sito.righe(paginaClassifica(lega), {titoloVuoto(lega)}, u"solo intestazione"_s);
+        sito.righe(paginaClassifica(lega),
+                   righeTabella(ClassificaCalcolata::intestazioneVuota(lega), {}, lega),
+                   u"solo intestazione e righe vuote"_s);
         return;
     }
     const QString stagione = QString::fromLatin1(fonte->stagione);
     const QString codiceLega = QString::fromLatin1(fonte->lega);
-    std::map<QString, Squadra> squadre;
-    QDate ultima;
-    int numero = 0;
-    for (const Partita &p : partite) {
-        if (p.stagione != stagione || p.lega != codiceLega)
-            continue;
-        ++numero;
-        // The program's team lists and tables hold the names in upper case.
-        Squadra &casa = squadre[p.casa.toUpper()];
-        casa.nome = p.casa.toUpper();
-        casa.casa.aggiungi(p.golCasa, p.golOspite);
-        Squadra &ospite = squadre[p.ospite.toUpper()];
-        ospite.nome = p.ospite.toUpper();
-        ospite.fuori.aggiungi(p.golOspite, p.golCasa);
-        ultima = std::max(ultima, p.data);
-    }
-    if (numero == 0)
+    const ClassificaCalcolata::Risultato r =
+        ClassificaCalcolata::calcola(partite, stagione, codiceLega);
+    if (r.partite == 0)
         throw ErroreEsecuzione(u"Nessuna partita della lega %1 nella stagione %2: impossibile "
                                u"calcolare la classifica della Serie %3."_s.arg(
                                    codiceLega, stagione, QString::fromLatin1(lega.codice)));
-    QList<Squadra> ordine;
-    for (const auto &[nome, s] : squadre)
-        ordine.append(s);
-    std::sort(ordine.begin(), ordine.end(), precede);
-
-    QStringList righe{titoloClassifica(lega, ultima)};
-    for (int i = 0; i < ordine.size() && i < lega.righeClassifica; ++i)
-        righe.append(rigaClassifica(i + 1, ordine.at(i)));
-    sito.righe(paginaClassifica(lega), righe,
-               u"%1 squadre su %2, da %3 partite della lega %4 %5"_s.arg(righe.size() - 1)
-                   .arg(ordine.size())
-                   .arg(numero)
+    sito.righe(paginaClassifica(lega),
+               righeTabella(ClassificaCalcolata::intestazione(lega, r.ultima), r.squadre, lega),
+               u"%1 squadre su %2, da %3 partite della lega %4 %5"_s
+                   .arg(std::min<qsizetype>(r.squadre.size(), lega.righeClassifica))
+                   .arg(r.squadre.size())
+                   .arg(r.partite)
                    .arg(codiceLega, stagione));
 }
 
 // Without results: the data folder's own table when it has one, else its teams at zero.
 void classificaDaCartella(Sito &sito, const Leghe::Lega &lega, const QString &dati) {
-    const QString nomeFile = u"ClassifSerie%1.txt"_s.arg(QString::fromLatin1(lega.codice));
+    const QString nomeFile = Leghe::fileClassifica(lega);
     if (FileDati::esiste(dati, nomeFile)) {
         sito.byte(paginaClassifica(lega), leggiByte(FileDati::percorso(dati, nomeFile)),
                   u"copia di %1"_s.arg(nomeFile));
         return;
     }
-    QStringList righe{titoloClassifica(lega, QDate::currentDate())};
-    if (FileDati::esiste(dati, QString::fromLatin1(lega.fileSquadre))) {
-        for (const QString &nome : Leghe::leggiSquadre(dati, lega)) {
-            if (nome.trimmed().isEmpty() || righe.size() > lega.righeClassifica)
-                continue;
-            righe.append(rigaClassifica(int(righe.size()), {nome.trimmed().toUpper(), {}, {}}));
-        }
-    }
-    if (righe.size() == 1)
-        righe.first() = titoloVuoto(lega);
-    sito.righe(paginaClassifica(lega), righe, u"squadre senza partite"_s);
+    QList<Squadra> squadre;
+    if (FileDati::esiste(dati, Leghe::fileSquadre(lega)))
+        for (const QString &nome : Leghe::leggiSquadre(dati, lega))
+            if (!nome.trimmed().isEmpty())
+                squadre.append({nome.trimmed().toUpper(), {}, {}});
+    const QString titolo = squadre.isEmpty()
+                               ? ClassificaCalcolata::intestazioneVuota(lega)
+                               : ClassificaCalcolata::intestazione(lega, QDate::currentDate());
+    sito.righe(paginaClassifica(lega), righeTabella(titolo, squadre, lega),
+               u"squadre senza partite"_s);
 }
 
 // --- Coupons and picchetti -------------------------------------------------------------------

@@ -1,5 +1,6 @@
 #include "campionati/partitereali.h"
 
+#include "campionati/leghe.h"
 #include "piattaforma/erroreesecuzione.h"
 
 #include <QDir>
@@ -32,14 +33,21 @@ PartiteReali::Partita leggiPartita(const QString &linea, int riga) {
     PartiteReali::Partita p;
     p.riga = riga;
     p.stagione = campi.at(0).trimmed();
-    static const QRegularExpression formaStagione(u"^([0-9]{4})-([0-9]{2})$"_s);
+    // "2024-25" for a season across two years, "2025" for a league that plays a calendar year.
+    static const QRegularExpression formaStagione(u"^([0-9]{4})(?:-([0-9]{2}))?$"_s);
     const auto stagione = formaStagione.match(p.stagione);
     if (!stagione.hasMatch() ||
-        (stagione.captured(1).toInt() + 1) % 100 != stagione.captured(2).toInt())
+        (!stagione.captured(2).isEmpty() &&
+         (stagione.captured(1).toInt() + 1) % 100 != stagione.captured(2).toInt()))
         throw ErroreEsecuzione(u"Riga %1: stagione non valida \"%2\"."_s.arg(riga).arg(p.stagione));
 
     p.lega = campi.at(1).trimmed();
-    static const QStringList leghe{u"A"_s, u"B"_s, u"CA"_s, u"CB"_s, u"CC"_s};
+    static const QStringList leghe = [] {
+        QStringList l{u"A"_s, u"B"_s, u"CA"_s, u"CB"_s, u"CC"_s};
+        for (const Leghe::Lega &straniera : Leghe::straniere())
+            l.append(QString::fromLatin1(straniera.codice));
+        return l;
+    }();
     if (!leghe.contains(p.lega))
         throw ErroreEsecuzione(u"Riga %1: lega sconosciuta \"%2\"."_s.arg(riga).arg(p.lega));
 

@@ -11,8 +11,8 @@
 class PartiteReali {
 public:
     struct Partita {
-        QString stagione; // "2024-25"
-        QString lega;     // A, B, CA, CB, CC
+        QString stagione; // "2024-25", or "2025" for a league of one calendar year
+        QString lega;     // A, B, CA, CB, CC, or the code of a foreign league ("Spagna")
         int giornata = 0;
         QDate data;
         QString casa;

@@ -29,8 +29,11 @@ bool MdiTrascinamento::eventFilter(QObject *oggetto, QEvent *evento) {
     }
     case QEvent::MouseMove: {
         auto *e = static_cast<QMouseEvent *>(evento);
-        if (m_trascina && (e->buttons() & Qt::LeftButton))
-            MdiStile::finestraDi(m_schermo)->move(e->globalPosition().toPoint() - m_presa);
+        if (m_trascina && (e->buttons() & Qt::LeftButton)) {
+            QWidget *finestra = MdiStile::finestraDi(m_schermo);
+            finestra->move(e->globalPosition().toPoint() - m_presa);
+            emit spostata(finestra->pos());
+        }
         break;
     }
     case QEvent::MouseButtonRelease:

@@ -13,6 +13,10 @@ public:
     // The screen's background and every widget of `prese` move the screen's window.
     static MdiTrascinamento *installa(QWidget *schermo, const QList<QWidget *> &prese = {});
 
+signals:
+    // The window was moved to this place (in its parent's coordinates).
+    void spostata(QPoint posizione);
+
 protected:
     bool eventFilter(QObject *oggetto, QEvent *evento) override;
 

@@ -4,12 +4,14 @@
 #include "piattaforma/stampanti.h"
 
 #include <QHash>
+#include <QPoint>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
 
 #include <array>
 #include <memory>
+#include <optional>
 
 class Dialoghi;
 class Griglia;
@@ -75,6 +77,9 @@ public:
     QString SquadraCasa = QStringLiteral("0");
     QString SquadraOspite = QStringLiteral("0");
     QString LegaClassifica;
+    // A league table is on show (frmClassifiche open), and where its window was last moved to.
+    bool ClassificaInMostra = false;
+    std::optional<QPoint> PosizioneClassifiche;
     // Placement offsets of the league tables and slip printing screens, in twips.
     int ScostamentoOrizzontale = 0;
     int ScostamentoVerticale = 0;

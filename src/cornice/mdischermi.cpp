@@ -11,6 +11,7 @@
 #include "archivio/frmarchivio.h"
 #include "archivio/frmgestione.h"
 #include "archivio/frminserisci.h"
+#include "campionati/mdicampionati.h"
 #include "core/frmattendere.h"
 #include "cornice/mdipannello.h"
 #include "stampa/frmstampa.h"
@@ -58,6 +59,7 @@ void registraSchermi(MdiPannello &pannello) {
         pannello.mostraSchermo(u"frmGestione"_s);
         attesa.close();
     });
+    MdiCampionati::registra(pannello);
     MdiAggiornamentiSito::registra(pannello);
     MdiAggiornamenti::registra(pannello);
 }
