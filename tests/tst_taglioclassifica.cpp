@@ -66,6 +66,7 @@ private slots:
     void guasti();
     void fileScrittiAustria();
     void intestazioneDellaGermania();
+    void paginaDelSitoTagliata();
 };
 
 void TstTaglioClassifica::voci() {
@@ -193,6 +194,32 @@ void TstTaglioClassifica::intestazioneDellaGermania() {
                                      *TaglioClassifica::perCodice(u"Germania"_s), Adesso);
     QVERIFY(c.intestazione.startsWith(u"Campionato Francia - Aggiornata al "_s));
     QCOMPARE(c.righe.size(), 18);
+}
+
+void TstTaglioClassifica::paginaDelSitoTagliata() {
+    // The page the local site makes of a table gives the table back through the cut: teams,
+    // figures, and the empty rows of a league with fewer teams.
+    const Leghe::Lega &francia = *Leghe::perCodice(u"Francia"_s);
+    FileCampionati::Classifica c{u"Campionato Francia"_s, {}};
+    for (int r = 1; r <= 20; ++r) {
+        FileCampionati::RigaClassifica riga;
+        riga[0] = QString::number(r);
+        if (r <= 18) {
+            riga[1] = r == 3 ? u"OLYMPIQUE DE MARSEILLE"_s : u"SQUADRA %1"_s.arg(r);
+            for (int k = 2; k < 21; ++k)
+                riga[k] = QString::number(r * 100 + k);
+        }
+        riga[9] = u"-"_s;
+        riga[15] = u"-"_s;
+        c.righe.append(riga);
+    }
+    const TaglioClassifica::Voce &voce = *TaglioClassifica::perCodice(u"Francia"_s);
+    const FileCampionati::Classifica tagliata = TaglioClassifica::classifica(
+        TaglioClassifica::taglia(TaglioClassifica::pagina(c, u"Classifica Francia"_s),
+                                 francia.righeClassifica),
+        voce, Adesso);
+    QCOMPARE(tagliata.righe, c.righe);
+    QCOMPARE(TaglioClassifica::percorsoPagina(voce), u"/vespara/estere/Francia.html"_s);
 }
 
 QTEST_MAIN(TstTaglioClassifica)

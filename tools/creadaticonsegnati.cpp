@@ -156,9 +156,13 @@ struct FonteClassifica {
 void scriviClassifica(const QDir &cartella, const Leghe::Lega &lega,
                       const ClassificaCalcolata::Risultato &r, const QString &intestazione,
                       const QString &descrizione) {
-    FileCampionati::scriviClassifica(
-        cartella.path(), lega,
-        {intestazione, ClassificaCalcolata::righe(r.squadre, lega.righeClassifica)});
+    QList<FileCampionati::RigaClassifica> righe =
+        ClassificaCalcolata::righe(r.squadre, lega.righeClassifica);
+    // A foreign table has "-" for the games at home and away, as the foreign update writes it.
+    if (!lega.italiana)
+        for (FileCampionati::RigaClassifica &riga : righe)
+            riga[9] = riga[15] = u"-"_s;
+    FileCampionati::scriviClassifica(cartella.path(), lega, {intestazione, righe});
     uscita() << u"Scritto %1: %2 squadre su %3 righe (%4).\n"_s.arg(Leghe::fileClassifica(lega))
                     .arg(std::min<qsizetype>(r.squadre.size(), lega.righeClassifica))
                     .arg(lega.righeClassifica)

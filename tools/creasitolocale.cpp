@@ -9,6 +9,7 @@
 #include "campionati/filecampionati.h"
 #include "campionati/leghe.h"
 #include "campionati/partitereali.h"
+#include "campionati/taglioclassifica.h"
 #include "core/archiviocolonne.h"
 #include "core/colonna.h"
 #include "piattaforma/erroreesecuzione.h"
@@ -534,6 +535,25 @@ void creaSito(const QString &dati, const QString &cartellaSito, const QString &r
         else
             sito.byte(u"vespara/"_s + nomeSito, leggiByte(origine),
                       u"copia di %1"_s.arg(QFileInfo(origine).fileName()));
+    }
+
+    // The foreign tables: a link page that holds the address of the league's page, and the page in
+    // the shape the cutting reads, from the data folder's own table (its teams empty without one).
+    for (const TaglioClassifica::Voce &voce : TaglioClassifica::voci()) {
+        const Leghe::Lega &lega = *Leghe::perCodice(QString::fromLatin1(voce.codice));
+        const QString percorso = TaglioClassifica::percorsoPagina(voce);
+        sito.righe(QString::fromLatin1(voce.paginaLink).mid(1), {percorso},
+                   u"indirizzo della pagina"_s);
+        FileCampionati::Classifica tabella;
+        QString descrizione = u"senza squadre: manca nella cartella dati"_s;
+        if (FileDati::esiste(dati, Leghe::fileClassifica(lega))) {
+            tabella = FileCampionati::leggiClassifica(dati, lega);
+            descrizione = u"da %1"_s.arg(Leghe::fileClassifica(lega));
+        }
+        sito.righe(percorso.mid(1),
+                   TaglioClassifica::pagina(tabella,
+                                            u"Classifica %1"_s.arg(QString::fromLatin1(lega.nome))),
+                   descrizione);
     }
 
     sito.testo(u"vespara/index.html"_s,

@@ -30,16 +30,6 @@ QString testo(const char *utf8) {
 
 } // namespace
 
-FrmInternet::Clessidra::Clessidra() {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-}
-
-void FrmInternet::Clessidra::rilascia() {
-    if (m_attiva)
-        QApplication::restoreOverrideCursor();
-    m_attiva = false;
-}
-
 FrmInternet::FrmInternet(StatoProgramma &stato, QWidget *genitore)
     : QWidget(genitore)
     , m_stato(stato) {

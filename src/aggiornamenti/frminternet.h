@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/mdiclessidra.h"
+
 #include <QWidget>
 
 #include <functional>
@@ -32,17 +34,7 @@ public:
                      const QString &testoFinale, bool riapri);
 
     // The hourglass, from its creation until it is released or goes.
-    class Clessidra {
-    public:
-        Clessidra();
-        ~Clessidra() { rilascia(); }
-        Clessidra(const Clessidra &) = delete;
-        Clessidra &operator=(const Clessidra &) = delete;
-        void rilascia();
-
-    private:
-        bool m_attiva = true;
-    };
+    using Clessidra = MdiClessidra;
 
 private:
     void aggiorna();

@@ -1,10 +1,16 @@
 #include "campionati/mdicampionati.h"
 
+#include "campionati/aggiornamentostraniero.h"
+#include "campionati/frmaggstra.h"
 #include "campionati/frmclassifiche.h"
 #include "campionati/leghe.h"
+#include "core/mdiclessidra.h"
 #include "core/mdistile.h"
 #include "core/registroschermi.h"
 #include "core/statoprogramma.h"
+#include "piattaforma/dialoghi.h"
+#include "piattaforma/guardia.h"
+#include "piattaforma/rete.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +24,35 @@ void MdiCampionati::mostraClassifica(RegistroSchermi &pannello, const char *codi
     pannello.mostraSchermo(u"frmClassifiche"_s);
 }
 
+void MdiCampionati::aggiornaStraniere(RegistroSchermi &pannello, const char *codice) {
+    StatoProgramma &stato = pannello.stato();
+    Dialoghi &dialoghi = stato.dialoghi();
+    const QString titolo = Dialoghi::titoloAggiornamenti();
+    eseguiProtetto(dialoghi, [&] {
+        if (!dialoghi.domanda(titolo, QString::fromUtf8(AggiornamentoStraniero::Domanda)))
+            return;
+        Rete::Operazione operazione(stato.rete());
+        if (!stato.rete().verificaConnessione()) {
+            dialoghi.critico(titolo, QString::fromUtf8(AggiornamentoStraniero::SenzaConnessione));
+            return;
+        }
+        MdiClessidra clessidra;
+        AggiornamentoStraniero aggiornamento(stato);
+        FrmAggStra finestra(pannello.finestra());
+        if (const TaglioClassifica::Voce *voce =
+                codice ? TaglioClassifica::perCodice(QString::fromLatin1(codice)) : nullptr) {
+            const QString link = aggiornamento.link(*voce);
+            finestra.show();
+            finestra.setTesto(QString::fromLatin1(voce->nome));
+            aggiornamento.aggiorna(*voce, link);
+            return;
+        }
+        aggiornamento.aggiornaTutte(
+            [&finestra] { finestra.show(); },
+            [&finestra](const QString &testo) { finestra.setTesto(testo); });
+    });
+}
+
 void MdiCampionati::registra(RegistroSchermi &pannello) {
     pannello.registraSchermo(u"frmClassifiche"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmClassifiche(stato);
@@ -28,4 +63,11 @@ void MdiCampionati::registra(RegistroSchermi &pannello) {
         const char *codice = lega.codice;
         pannello.registraAzione(voce, [&pannello, codice] { mostraClassifica(pannello, codice); });
     }
+    for (const TaglioClassifica::Voce &voce : TaglioClassifica::voci()) {
+        const char *codice = voce.codice;
+        pannello.registraAzione(QString::fromLatin1(voce.menu),
+                                [&pannello, codice] { aggiornaStraniere(pannello, codice); });
+    }
+    pannello.registraAzione(u"mnuCampionatiStranieri"_s,
+                            [&pannello] { aggiornaStraniere(pannello); });
 }

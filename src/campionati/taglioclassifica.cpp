@@ -95,6 +95,26 @@ QList<TaglioClassifica::Riga> TaglioClassifica::taglia(const QStringList &righeP
     return tabella;
 }
 
+QStringList TaglioClassifica::pagina(const FileCampionati::Classifica &classifica,
+                                     const QString &titolo) {
+    QString linea = u"<TABLE id=\"lbRigheClassifica\" border=1><TR><TD>Squadra</TD></TR>"_s;
+    for (const FileCampionati::RigaClassifica &r : classifica.righe) {
+        linea += u"&nbsp;"_s + r[1] + u"</TD>"_s;
+        // The 17 numbers: points and totals, then the home and away figures without their games.
+        for (int k = 2; k <= 20; ++k)
+            if (k != 9 && k != 15)
+                linea += u" <TD align=center width=20>"_s + r[k] + u"</TD>"_s;
+    }
+    // A blank ends the last cell, as it ends every other.
+    linea += u" </TABLE>"_s;
+    return {u"<HTML><HEAD><TITLE>"_s + titolo + u"</TITLE></HEAD><BODY>"_s,
+            u"<H1>"_s + titolo + u"</H1>"_s, linea, u"</BODY></HTML>"_s};
+}
+
+QString TaglioClassifica::percorsoPagina(const Voce &voce) {
+    return u"/vespara/estere/%1.html"_s.arg(QString::fromLatin1(voce.codice));
+}
+
 FileCampionati::Classifica TaglioClassifica::classifica(const QList<Riga> &tabella,
                                                         const Voce &voce, const QDateTime &adesso) {
     FileCampionati::Classifica c;

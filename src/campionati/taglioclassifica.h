@@ -47,6 +47,12 @@ public:
     // as position, team, points and the six totals, "-", five home figures, "-", five away.
     static FileCampionati::Classifica classifica(const QList<Riga> &tabella, const Voce &voce,
                                                  const QDateTime &adesso);
+    // A page in the shape the cutting reads, from a table file's table: what the local site
+    // serves. Its cut gives back the table's teams and figures.
+    static QStringList pagina(const FileCampionati::Classifica &classifica, const QString &titolo);
+    // Where the local site keeps the page of a league, under its root.
+    static QString percorsoPagina(const Voce &voce);
+
     // The cut written to the league's files: the table file and the team list (upper case).
     static void scrivi(const QString &cartella, const Leghe::Lega &lega, const Voce &voce,
                        const QList<Riga> &tabella, const QDateTime &adesso);
