@@ -4,11 +4,13 @@
 #include "campionati/classificacalcolata.h"
 #include "campionati/filecampionati.h"
 #include "campionati/leghe.h"
+#include "campionati/taglioclassifica.h"
 #include "core/colonna.h"
 #include "piattaforma/filedati.h"
 
 #include <QCoreApplication>
 #include <QDate>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -61,6 +63,8 @@ class TstSitoLocale : public QObject {
 private slots:
     void initTestCase();
     void paginaArchivio();
+    void pagineStraniere_data();
+    void pagineStraniere();
     void schedine_data();
     void schedine();
     void schedineDiverse();
@@ -313,6 +317,25 @@ void TstSitoLocale::classificheSenzaRisultati() {
             QVERIFY2(nomi.contains(r[1]), qPrintable(r[1]));
         }
     QCOMPARE(inTabella, std::min<int>(int(nomi.size()), l.righeClassifica));
+}
+
+void TstSitoLocale::pagineStraniere_data() {
+    QTest::addColumn<QString>("codice");
+    for (const TaglioClassifica::Voce &v : TaglioClassifica::voci())
+        QTest::newRow(v.codice) << QString::fromLatin1(v.codice);
+}
+
+void TstSitoLocale::pagineStraniere() {
+    QFETCH(QString, codice);
+    const TaglioClassifica::Voce &voce = *TaglioClassifica::perCodice(codice);
+    const Leghe::Lega &lega = *Leghe::perCodice(codice);
+    // The link page holds the address of the page; the page cuts to the data folder's table.
+    const QString percorso = TaglioClassifica::percorsoPagina(voce);
+    QCOMPARE(righe(QString::fromLatin1(voce.paginaLink).mid(1)), QStringList{percorso});
+    const FileCampionati::Classifica tagliata = TaglioClassifica::classifica(
+        TaglioClassifica::taglia(righe(percorso.mid(1)), lega.righeClassifica), voce,
+        QDateTime::currentDateTime());
+    QCOMPARE(tagliata.righe, FileCampionati::leggiClassifica(m_dati.path(), lega).righe);
 }
 
 void TstSitoLocale::listeSquadre_data() {
