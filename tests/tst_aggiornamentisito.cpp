@@ -4,13 +4,13 @@
 #include "supporto/ambienteprova.h"
 
 #include "aggiornamenti/aggiornamentisito.h"
+#include "archivio/scritturearchivio.h"
 #include "core/archivio.h"
 #include "core/archiviocolonne.h"
 #include "core/colonna.h"
 #include "core/frmattendere.h"
-#include "cornice/mdipannello.h"
-#include "archivio/scritturearchivio.h"
 #include "core/statoprogramma.h"
+#include "cornice/mdipannello.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/rete.h"
@@ -764,10 +764,14 @@ void TstAggiornamentiSito::concorsiStranieri() {
              QStringList{Banco::box(
                  Tipo::Informazione,
                  u"Il programma è stato aggiornato correttamente per i Concorsi stranieri."_s)});
-    const QList<Copia> attese = squadre(Straniere);
+    // Each page goes to the league's own list, whatever the site calls it: Argentina's page is
+    // SerieArgentinaAp.txt, its list serieArgentina.txt.
+    QList<Copia> attese = squadre(Straniere);
+    for (qsizetype i = 0; i < attese.size(); ++i)
+        attese[i].second = ListeStraniereVecchie.at(i);
     QCOMPARE(b.fileScritti(attese), QString());
     QCOMPARE(b.ordine(QStringList{Radice} + remoti(attese)), QString());
-    // The names are the site's, exactly; the old lists are gone, the rest is as it was.
+    // The lists have their old names and the site's texts; the rest is as it was.
     auto dopo = b.cartella();
     for (const Copia &c : attese) {
         QVERIFY2(dopo.contains(c.second), qPrintable(c.second));
@@ -777,6 +781,7 @@ void TstAggiornamentiSito::concorsiStranieri() {
     for (const QString &vecchia : ListeStraniereVecchie)
         resto.remove(vecchia);
     QCOMPARE(dopo, resto);
+    QVERIFY(!dopo.contains(u"SerieArgentinaAp.txt"_s));
     // This update leaves the screens open.
     QVERIFY(b.aperto(u"frmAggiornaConcorsiStranieri"_s));
 }

@@ -94,8 +94,11 @@ void osservaFinestra() {
         for (QWidget *w : QApplication::topLevelWidgets())
             if (auto *f = qobject_cast<FrmAggStra *>(w);
                 f && f->isVisible() && testiVisti &&
-                (testiVisti->isEmpty() || testiVisti->last() != f->testo()))
+                (testiVisti->isEmpty() || testiVisti->last() != f->testo())) {
                 testiVisti->append(f->testo());
+                if (testiVisti->size() == 1)
+                    AmbienteProva::fotografa(f, u"frmAggStra"_s);
+            }
     });
     timer->start();
 }

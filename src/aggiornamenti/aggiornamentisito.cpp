@@ -224,10 +224,12 @@ void AggiornamentiSito::scaricaInFile(const QList<std::pair<QString, QString>> &
 void AggiornamentiSito::aggiornaConcorsiStranieri() {
     QList<std::pair<QString, QString>> pagine;
     QStringList vecchie;
+    // Each list is fetched from the site's page and written under the league's own name, the one
+    // every reader of the list asks for (Argentina's page is SerieArgentinaAp.txt, its list
+    // serieArgentina.txt).
     for (const Leghe::Lega &lega : Leghe::straniere()) {
-        vecchie.append(testo(lega.fileSquadre));
-        const QString nome = fileSquadreSito(lega.codice);
-        pagine.append({u"/vespara/"_s + nome, nome});
+        vecchie.append(Leghe::fileSquadre(lega));
+        pagine.append({u"/vespara/"_s + fileSquadreSito(lega.codice), Leghe::fileSquadre(lega)});
     }
     scaricaInFile(pagine, vecchie);
 }

@@ -112,8 +112,9 @@ public:
     // The partial update of coupons: quotas, the three coupons, the three picchetti.
     void aggiornaSchedineEPicchetti();
 
-    // The foreign team lists: each league's list fetched, then the old files deleted and the new
-    // ones written, named as on the site (SerieInghilterra.txt .. SerieArgentinaAp.txt).
+    // The foreign team lists: each league's list fetched from its page on the site
+    // (SerieInghilterra.txt .. SerieArgentinaAp.txt), then the old files deleted and the new ones
+    // written under the leagues' own names (serieInghilterra.txt .. serieArgentina.txt).
     void aggiornaConcorsiStranieri();
     // The season the site offers (its page, trimmed).
     QString stagioneSulSito() { return scaricaPagina(QString::fromLatin1(PaginaStagione)); }

@@ -14,7 +14,7 @@ FrmAggStra::FrmAggStra(QWidget *cornice)
     , m_lblCont(new QLabel(this)) {
     setObjectName(u"frmAggStra"_s);
     setWindowTitle(u"Campionati Stranieri"_s);
-    setAutoFillBackground(true);
+    setAttribute(Qt::WA_StyledBackground);
     setStyleSheet(u"FrmAggStra { background: #eef1f6; border: 2px solid #1d3f72; }"_s);
     auto *titolo = new QLabel(u"Campionati Stranieri"_s, this);
     titolo->setObjectName(u"lblTitolo"_s);
@@ -24,6 +24,7 @@ FrmAggStra::FrmAggStra(QWidget *cornice)
     m_lblCont->setObjectName(u"lblCont"_s);
     MdiStile::grassetto(m_lblCont);
     m_lblCont->setMinimumWidth(200);
+    m_lblCont->setAlignment(Qt::AlignCenter);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(24, 16, 24, 16);
     layout->addWidget(titolo, 0, Qt::AlignHCenter);

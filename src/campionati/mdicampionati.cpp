@@ -3,6 +3,7 @@
 #include "campionati/aggiornamentostraniero.h"
 #include "campionati/frmaggstra.h"
 #include "campionati/frmclassifiche.h"
+#include "campionati/frmgestsquadre.h"
 #include "campionati/leghe.h"
 #include "core/mdiclessidra.h"
 #include "core/mdistile.h"
@@ -56,6 +57,9 @@ void MdiCampionati::aggiornaStraniere(RegistroSchermi &pannello, const char *cod
 void MdiCampionati::registra(RegistroSchermi &pannello) {
     pannello.registraSchermo(u"frmClassifiche"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmClassifiche(stato);
+    });
+    pannello.registraSchermo(u"frmGestSquadre"_s, [](StatoProgramma &stato, RegistroSchermi &) {
+        return new FrmGestSquadre(stato);
     });
     for (const Leghe::Lega &lega : Leghe::tutte()) {
         const QString voce =

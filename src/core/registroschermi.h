@@ -38,6 +38,8 @@ public:
     virtual void mostraSchermo(const QString &nome) = 0;
     // Closes every open screen but the frame, from the last opened to the first.
     virtual void chiudiSchermi() = 0;
+    // The frame's caption: the program's version and the season (StatoProgramma::Stagione).
+    virtual void aggiornaTitolo() = 0;
     // Refreshes the dashboard from the last archive row (AggStatusBar).
     virtual void aggiornaCruscotto() = 0;
     // Opens the pop-up menu of the export (frmMenuGriglie) at that point of the screen, once a

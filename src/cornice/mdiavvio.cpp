@@ -159,8 +159,7 @@ bool MdiAvvio::esegui(MdiPannello &pannello) {
         stato.BaseColonne9 = StatoProgramma::ValoreBaseColonne9;
         // 9
         stato.Stagione = FileDati::leggiPrimaRiga(stato.percorsoFile(u"anno.txt"_s));
-        pannello.setWindowTitle(u"Vespara! ® | Versione %1 | Stagione %2"_s.arg(
-            QCoreApplication::applicationVersion(), stato.Stagione));
+        pannello.aggiornaTitolo();
         // 10
         for (const Leghe::Lega &lega : Leghe::italiane())
             stato.Squadre.insert(QString::fromLatin1(lega.codice),

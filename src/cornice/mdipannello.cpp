@@ -15,6 +15,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QDialog>
 #include <QDir>
 #include <QFile>
@@ -565,6 +566,11 @@ void MdiPannello::chiudiSchermi() {
             d->close();
             d->setObjectName(QString());
         }
+}
+
+void MdiPannello::aggiornaTitolo() {
+    setWindowTitle(u"Vespara! ® | Versione %1 | Stagione %2"_s.arg(
+        QCoreApplication::applicationVersion(), m_stato.Stagione));
 }
 
 void MdiPannello::aggiornaCruscotto() {

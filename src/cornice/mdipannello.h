@@ -47,6 +47,7 @@ public:
 
     // AggStatusBar: the four dashboard labels from the last archive row.
     void aggiornaCruscotto() override;
+    void aggiornaTitolo() override;
     void apriMenuGriglie(QPoint globale) override;
     QWidget *finestra() override { return this; }
 
