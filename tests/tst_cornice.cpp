@@ -381,7 +381,7 @@ void TstCornice::vociAbilitate_data() {
                              "TB(10)"})
         QTest::newRow(nome) << QString::fromUtf8(nome) << true;
     // Screens still to be built: present and disabled.
-    for (const char *nome : {"mnuQuote", "mnuVisCampionato", "TB(2)", "TB(3)"})
+    for (const char *nome : {"mnuQuote", "TB(2)", "TB(3)"})
         QTest::newRow(nome) << QString::fromUtf8(nome) << false;
 }
 

@@ -63,6 +63,8 @@ class TstSitoLocale : public QObject {
 private slots:
     void initTestCase();
     void paginaArchivio();
+    void calendari_data();
+    void calendari();
     void pagineStraniere_data();
     void pagineStraniere();
     void schedine_data();
@@ -317,6 +319,27 @@ void TstSitoLocale::classificheSenzaRisultati() {
             QVERIFY2(nomi.contains(r[1]), qPrintable(r[1]));
         }
     QCOMPARE(inTabella, std::min<int>(int(nomi.size()), l.righeClassifica));
+}
+
+void TstSitoLocale::calendari_data() {
+    QTest::addColumn<QString>("codice");
+    for (const Leghe::Lega &l : Leghe::italiane())
+        QTest::newRow(l.codice) << QString::fromLatin1(l.codice);
+}
+
+void TstSitoLocale::calendari() {
+    // Without results the site serves the data folder's calendar texts, which the program turns
+    // into its data files.
+    QFETCH(QString, codice);
+    const Leghe::Lega &lega = *Leghe::perCodice(codice);
+    const QString pagina =
+        this->pagina(u"vespara/"_s + QString::fromLatin1(lega.calendario) + u".html"_s);
+    QCOMPARE(byteDi(pagina),
+             byteDi(FileDati::percorso(m_dati.path(), Leghe::fileCalendarioTesto(lega))));
+    const FileCampionati::Calendario c =
+        FileCampionati::calendarioDaTesto(FileDati::leggiRighe(pagina), lega);
+    QCOMPARE(c.size(), lega.giornate);
+    QVERIFY(!c.first().first().isEmpty());
 }
 
 void TstSitoLocale::pagineStraniere_data() {

@@ -229,6 +229,21 @@ void creaClassifiche(const QDir &cartella, const QList<Partita> &italiane,
     }
 }
 
+// The calendars of the seven series, text and data file: Serie A and B of the current season
+// from their fixtures, the Lega Pro series not yet available.
+void creaCalendari(const QDir &cartella, const QList<Partita> &partite) {
+    for (const Leghe::Lega &lega : Leghe::italiane()) {
+        const QString codice = QString::fromLatin1(lega.codice);
+        const QStringList testo =
+            codice == u"A"_s || codice == u"B"_s
+                ? ClassificaCalcolata::calendario(partite, StagioneCorrente, codice, lega)
+                : ClassificaCalcolata::calendarioVuoto();
+        scrivi(cartella, Leghe::fileCalendarioTesto(lega), testo, u"calendario"_s);
+        FileCampionati::ricreaCalendario(cartella.path(), lega);
+        uscita() << u"Scritto %1.\n"_s.arg(Leghe::fileCalendarioDati(lega));
+    }
+}
+
 void creaDati(const QString &percorsoPartite, const QString &percorsoEstere,
               const QString &percorsoUscita) {
     QList<Partita> partite = PartiteReali::leggi(percorsoPartite);
@@ -284,6 +299,7 @@ void creaDati(const QString &percorsoPartite, const QString &percorsoEstere,
     for (const QString &correzione : PartiteReali::correggiDate(estere))
         uscita() << correzione << u'\n';
     creaClassifiche(cartella, partite, estere);
+    creaCalendari(cartella, partite);
 }
 
 } // namespace

@@ -537,6 +537,22 @@ void creaSito(const QString &dati, const QString &cartellaSito, const QString &r
                       u"copia di %1"_s.arg(QFileInfo(origine).fileName()));
     }
 
+    // The calendars of the seven series: Serie A and B from the results when there are any, else
+    // the data folder's own texts; the others (and any missing) not yet available.
+    for (const Leghe::Lega &lega : Leghe::italiane()) {
+        const QString pagina = u"vespara/"_s + QString::fromLatin1(lega.calendario) + u".html"_s;
+        const QString codice = QString::fromLatin1(lega.codice);
+        if (!partite.isEmpty() && (codice == u"A"_s || codice == u"B"_s)) {
+            sito.righe(pagina, ClassificaCalcolata::calendario(partite, u"2025-26"_s, codice, lega),
+                       u"dalle partite della lega %1 2025-26"_s.arg(codice));
+        } else if (FileDati::esiste(dati, Leghe::fileCalendarioTesto(lega))) {
+            sito.byte(pagina, leggiByte(FileDati::percorso(dati, Leghe::fileCalendarioTesto(lega))),
+                      u"copia di %1"_s.arg(Leghe::fileCalendarioTesto(lega)));
+        } else {
+            sito.righe(pagina, ClassificaCalcolata::calendarioVuoto(), u"non disponibile"_s);
+        }
+    }
+
     // The foreign tables: a link page that holds the address of the league's page, and the page in
     // the shape the cutting reads, from the data folder's own table (its teams empty without one).
     for (const TaglioClassifica::Voce &voce : TaglioClassifica::voci()) {

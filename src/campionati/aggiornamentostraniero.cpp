@@ -16,16 +16,16 @@ using namespace Qt::StringLiterals;
 AggiornamentoStraniero::AggiornamentoStraniero(StatoProgramma &stato)
     : m_stato(stato) {}
 
-QString AggiornamentoStraniero::scarica(const QString &percorso) {
-    const Rete::Pagina pagina = m_stato.rete().scarica(percorso);
-    if (pagina.esito == Rete::Esito::Annullata || m_stato.rete().interrotta())
+QString AggiornamentoStraniero::scarica(StatoProgramma &stato, const QString &percorso) {
+    const Rete::Pagina pagina = stato.rete().scarica(percorso);
+    if (pagina.esito == Rete::Esito::Annullata || stato.rete().interrotta())
         throw ErroreEsecuzione::interruzione();
     // What came is used as it is: a failed page is blanks, and the table comes out empty.
     return pagina.testo;
 }
 
 QString AggiornamentoStraniero::link(const TaglioClassifica::Voce &voce) {
-    const QString testo = scarica(QString::fromLatin1(voce.paginaLink)).trimmed();
+    const QString testo = scarica(m_stato, QString::fromLatin1(voce.paginaLink)).trimmed();
     const QUrl indirizzo(testo);
     if (!indirizzo.scheme().isEmpty() && indirizzo.isValid())
         return indirizzo.path(QUrl::FullyEncoded) +
@@ -39,7 +39,7 @@ void AggiornamentoStraniero::aggiorna(const TaglioClassifica::Voce &voce, const 
         throw ErroreEsecuzione(
             u"Campionato %1 sconosciuto."_s.arg(QString::fromLatin1(voce.codice)));
     // An empty address fetches nothing: the page is empty, as a failed one.
-    const QString pagina = link.isEmpty() ? QString() : scarica(link);
+    const QString pagina = link.isEmpty() ? QString() : scarica(m_stato, link);
     const QString lavoro =
         FileDati::percorso(m_stato.PercorsoDati, QString::fromLatin1(voce.fileLavoro));
     FileDati::scriviRighe(lavoro, {pagina});

@@ -31,11 +31,13 @@ public:
     void aggiornaTutte(const std::function<void()> &dopoILink,
                        const std::function<void(const QString &)> &progresso);
 
+    // A page of the site as it came (blanks when it failed); an interruption when the operation
+    // was cancelled or the program is closing.
+    static QString scarica(StatoProgramma &stato, const QString &percorso);
+
     // The leagues in the alphabetical order of their names (the order of the link pages).
     static QList<const TaglioClassifica::Voce *> inOrdineAlfabetico();
 
 private:
-    QString scarica(const QString &percorso);
-
     StatoProgramma &m_stato;
 };

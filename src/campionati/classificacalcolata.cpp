@@ -103,3 +103,32 @@ QList<FileCampionati::RigaClassifica> ClassificaCalcolata::righe(const QList<Squ
         righe.append(i < squadre.size() ? riga(i + 1, squadre.at(i)) : rigaVuota(i + 1));
     return righe;
 }
+
+QStringList ClassificaCalcolata::calendario(const QList<PartiteReali::Partita> &partite,
+                                            const QString &stagione, const QString &codiceLega,
+                                            const Leghe::Lega &lega) {
+    std::map<int, QList<PartiteReali::Partita>> giornate;
+    for (const PartiteReali::Partita &p : partite)
+        if (p.stagione == stagione && p.lega == codiceLega && p.giornata <= lega.giornate)
+            giornate[p.giornata].append(p);
+    QStringList righe;
+    for (auto &[numero, incontri] : giornate) {
+        std::stable_sort(incontri.begin(), incontri.end(),
+                         [](const auto &a, const auto &b) { return a.data < b.data; });
+        righe << u"*"_s
+              << u"%1ª Giornata - %2"_s.arg(numero).arg(
+                     incontri.first().data.toString(u"dd/MM/yyyy"));
+        for (qsizetype i = 0; i < incontri.size() && i < lega.stringheGiornata - 1; ++i) {
+            const PartiteReali::Partita &p = incontri.at(i);
+            const QChar segno = p.golCasa > p.golOspite    ? u'1'
+                                : p.golCasa == p.golOspite ? u'X'
+                                                           : u'2';
+            righe << p.casa.toUpper() + u'-' + p.ospite.toUpper() + segno;
+        }
+    }
+    return righe;
+}
+
+QStringList ClassificaCalcolata::calendarioVuoto() {
+    return {u"*"_s, u"Calendario non ancora disponibile"_s};
+}

@@ -39,6 +39,15 @@ public:
     // foreign league "Campionato Spagna - Aggiornata al 07/09/2025".
     static QString intestazione(const Leghe::Lega &lega, const QDate &data);
     static QString intestazioneVuota(const Leghe::Lega &lega);
+    // The text of a series' calendar as the site gives it, from the matches of a season and
+    // league: for each round up to the series' rounds, "*", the round's date line ("1ª Giornata -
+    // 23/08/2025", its first match's day), then its matches in date order as "CASA-OSPITE" and
+    // the sign of the result as the last character, as many as a round holds.
+    static QStringList calendario(const QList<PartiteReali::Partita> &partite,
+                                  const QString &stagione, const QString &codiceLega,
+                                  const Leghe::Lega &lega);
+    // The text of a calendar not yet available: one round whose date line says so.
+    static QStringList calendarioVuoto();
     // Whether a precedes b in the table.
     static bool precede(const Squadra &a, const Squadra &b);
 

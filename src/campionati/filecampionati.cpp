@@ -153,7 +153,8 @@ QByteArray FileCampionati::codificaCalendario(const Calendario &calendario) {
 }
 
 FileCampionati::Calendario FileCampionati::decodificaCalendario(QByteArrayView byte,
-                                                                const Leghe::Lega &lega) {
+                                                                const Leghe::Lega &lega,
+                                                                bool finoAllaFine) {
     verificaItaliana(lega);
     Calendario calendario = calendarioVuoto(lega);
     qsizetype posizione = 0;
@@ -164,12 +165,18 @@ FileCampionati::Calendario FileCampionati::decodificaCalendario(QByteArrayView b
     };
     for (QStringList &giornata : calendario)
         for (QString &stringa : giornata) {
-            if (byte.size() - posizione < 2)
+            if (byte.size() - posizione < 2) {
+                if (finoAllaFine)
+                    return calendario;
                 throw corto();
+            }
             const quint16 lunghezza = qFromLittleEndian<quint16>(byte.data() + posizione);
             posizione += 2;
-            if (byte.size() - posizione < lunghezza)
+            if (byte.size() - posizione < lunghezza) {
+                if (finoAllaFine)
+                    return calendario;
                 throw corto();
+            }
             stringa = FileDati::decodifica(byte.sliced(posizione, lunghezza));
             posizione += lunghezza;
         }
@@ -205,4 +212,12 @@ FileCampionati::Calendario FileCampionati::leggiCalendario(const QString &cartel
     if (!file.open(QIODevice::ReadOnly))
         throw ErroreEsecuzione(u"Impossibile leggere il file %1."_s.arg(percorso));
     return decodificaCalendario(file.readAll(), lega);
+}
+
+FileCampionati::Calendario FileCampionati::leggiCalendarioFinoAllaFine(const QString &cartella,
+                                                                       const Leghe::Lega &lega) {
+    QFile file(FileDati::percorso(cartella, Leghe::fileCalendarioDati(lega)));
+    if (!file.open(QIODevice::ReadOnly))
+        return decodificaCalendario({}, lega, true);
+    return decodificaCalendario(file.readAll(), lega, true);
 }

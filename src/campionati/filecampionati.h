@@ -55,11 +55,15 @@ public:
     // The records of the data file: each string a 16-bit little-endian length and its bytes.
     static QByteArray codificaCalendario(const Calendario &calendario);
     // Reads the records back; a file too short for them is a fault, a longer one keeps its tail
-    // unread.
-    static Calendario decodificaCalendario(QByteArrayView byte, const Leghe::Lega &lega);
+    // unread. Read `finoAllaFine`, a short file gives what it holds and empty strings after it,
+    // as the calendar screen reads a missing or short calendar.
+    static Calendario decodificaCalendario(QByteArrayView byte, const Leghe::Lega &lega,
+                                           bool finoAllaFine = false);
     // RicreaSerieA and its family: the text file of the series read, its data file written.
     // The data file isn't emptied first: an older, longer file keeps its tail. Returns the
     // calendar.
     static Calendario ricreaCalendario(const QString &cartella, const Leghe::Lega &lega);
     static Calendario leggiCalendario(const QString &cartella, const Leghe::Lega &lega);
+    // The calendar as the screen shows it: a missing or short data file gives empty strings.
+    static Calendario leggiCalendarioFinoAllaFine(const QString &cartella, const Leghe::Lega &lega);
 };

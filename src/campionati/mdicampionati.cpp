@@ -2,6 +2,7 @@
 
 #include "campionati/aggiornamentostraniero.h"
 #include "campionati/frmaggstra.h"
+#include "campionati/frmcampionato.h"
 #include "campionati/frmclassifiche.h"
 #include "campionati/frmgestsquadre.h"
 #include "campionati/leghe.h"
@@ -57,6 +58,9 @@ void MdiCampionati::aggiornaStraniere(RegistroSchermi &pannello, const char *cod
 void MdiCampionati::registra(RegistroSchermi &pannello) {
     pannello.registraSchermo(u"frmClassifiche"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmClassifiche(stato);
+    });
+    pannello.registraSchermo(u"frmCampionato"_s, [](StatoProgramma &stato, RegistroSchermi &) {
+        return new FrmCampionato(stato);
     });
     pannello.registraSchermo(u"frmGestSquadre"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmGestSquadre(stato);
