@@ -2,6 +2,7 @@
 
 #include "campionati/aggiornamentocalendari.h"
 #include "campionati/leghe.h"
+#include "campionati/mdiopzioniserie.h"
 #include "core/mdiclessidra.h"
 #include "core/mdistile.h"
 #include "core/statoprogramma.h"
@@ -33,20 +34,6 @@ namespace {
 
 // The largest round: Serie B's eleven matches after the date.
 constexpr int RighePartite = 11;
-
-struct Opzione {
-    const char *nome;
-    const char *testo;
-};
-constexpr Opzione Opzioni[] = {
-    {"optA", "Serie A"},
-    {"optB", "Serie B"},
-    {"opt1A", "Lega Pro Div. 1 Gir. A"},
-    {"opt1B", "Lega Pro Div. 1 Gir. B"},
-    {"opt2A", "Lega Pro Div. 2 Gir. A"},
-    {"opt2B", "Lega Pro Div. 2 Gir. B"},
-    {"opt2C", "Lega Pro Div. 2 Gir. C"},
-};
 
 } // namespace
 
@@ -88,19 +75,11 @@ FrmCampionato::FrmCampionato(StatoProgramma &stato, QWidget *genitore)
     m_lblGiornata->setObjectName(u"lblGiornata"_s);
     MdiStile::titolo(m_lblGiornata, 1.1);
 
-    auto *serie = new QGroupBox(u"Campionato"_s, this);
-    serie->setObjectName(u"fraSerie"_s);
-    auto *colonnaSerie = new QVBoxLayout(serie);
-    auto *gruppo = new QButtonGroup(this);
-    for (int i = 0; i < int(std::size(Opzioni)); ++i) {
-        auto *opzione = new QRadioButton(QString::fromLatin1(Opzioni[i].testo), serie);
-        opzione->setObjectName(QString::fromLatin1(Opzioni[i].nome));
-        opzione->setChecked(i == 0);
-        opzione->setToolTip(i < 2 ? u"Mostra il calendario"_s
-                                  : u"Calendario scaricato ma non ancora consultabile"_s);
-        gruppo->addButton(opzione, i);
-        colonnaSerie->addWidget(opzione);
-    }
+    QGroupBox *serie = nullptr;
+    auto *gruppo = MdiOpzioniSerie::crea(this, serie, [](int i) {
+        return i < 2 ? u"Mostra il calendario"_s
+                     : u"Calendario scaricato ma non ancora consultabile"_s;
+    });
     connect(gruppo, &QButtonGroup::idClicked, this, [this, gruppo](int i) {
         eseguiProtetto(m_stato.dialoghi(), [&] {
             if (i >= 2) {

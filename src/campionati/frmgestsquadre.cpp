@@ -3,6 +3,7 @@
 #include "campionati/filecampionati.h"
 #include "campionati/gestionesquadre.h"
 #include "campionati/leghe.h"
+#include "campionati/mdiopzioniserie.h"
 #include "core/mdistile.h"
 #include "core/mditastiera.h"
 #include "core/registroschermi.h"
@@ -31,14 +32,6 @@ namespace {
 constexpr int Righe = FileCampionati::MassimoSquadreItaliane;
 
 // The seven options, in the order of the series.
-struct Opzione {
-    const char *nome;
-    const char *testo;
-};
-constexpr Opzione Opzioni[] = {{"optA", "Serie A"},          {"optB", "Serie B"},
-                               {"opt1A", "Serie C1 Gir. A"}, {"opt1B", "Serie C1 Gir. B"},
-                               {"opt2A", "Serie C2 Gir. A"}, {"opt2B", "Serie C2 Gir. B"},
-                               {"opt2C", "Serie C2 Gir. C"}};
 
 } // namespace
 
@@ -83,19 +76,11 @@ FrmGestSquadre::FrmGestSquadre(StatoProgramma &stato, QWidget *genitore)
                             2 * vista->frameWidth());
     connect(vista, &VistaGriglia::clic, this, [this](int riga, int) { scegliRiga(riga); });
 
-    auto *serie = new QGroupBox(u"Campionato"_s, this);
-    serie->setObjectName(u"fraSerie"_s);
-    auto *colonnaSerie = new QVBoxLayout(serie);
-    auto *gruppo = new QButtonGroup(this);
-    for (int i = 0; i < int(std::size(Opzioni)); ++i) {
-        auto *opzione = new QRadioButton(QString::fromLatin1(Opzioni[i].testo), serie);
-        opzione->setObjectName(QString::fromLatin1(Opzioni[i].nome));
-        opzione->setChecked(i == 0);
-        opzione->setToolTip(u"Mostra le squadre di %1"_s.arg(
-            QString::fromLatin1(Leghe::italiane()[std::size_t(i)].nome)));
-        gruppo->addButton(opzione, i);
-        colonnaSerie->addWidget(opzione);
-    }
+    QGroupBox *serie = nullptr;
+    auto *gruppo = MdiOpzioniSerie::crea(this, serie, [](int i) {
+        return u"Mostra le squadre di %1"_s.arg(
+            QString::fromLatin1(Leghe::italiane()[std::size_t(i)].nome));
+    });
     connect(gruppo, &QButtonGroup::idClicked, this,
             [this](int i) { eseguiProtetto(m_stato.dialoghi(), [&] { carica(i); }); });
 
