@@ -16,6 +16,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "supportobench.h"
+
 #include "supporto/archiviosintetico.h"
 
 using namespace Qt::StringLiterals;
@@ -76,12 +78,5 @@ BENCHMARK(BM_DisegnaPagina)->Arg(1)->Arg(170)->Arg(340)->Unit(benchmark::kMillis
 } // namespace
 
 int main(int argc, char **argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return SupportoBench::esegui(argc, argv);
 }

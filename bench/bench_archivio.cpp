@@ -18,6 +18,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "supportobench.h"
+
 #include "supporto/archiviosintetico.h"
 
 using namespace Qt::StringLiterals;
@@ -173,12 +175,5 @@ BENCHMARK(BM_RicostruzionePiana)->Arg(ConcorsiPiani)->Unit(benchmark::kMilliseco
 } // namespace
 
 int main(int argc, char **argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    // Qt SQL needs an application object for its driver plugins.
-    QCoreApplication app(argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return SupportoBench::esegui(argc, argv);
 }

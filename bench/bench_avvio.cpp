@@ -24,6 +24,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "supportobench.h"
+
 #include "supporto/archiviosintetico.h"
 
 #include <memory>
@@ -164,14 +166,7 @@ void filtraMessaggi(QtMsgType tipo, const QMessageLogContext &contesto, const QS
 } // namespace
 
 int main(int argc, char **argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    // The frame is shown, but on no display.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    gestorePredefinito = qInstallMessageHandler(filtraMessaggi);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    // The frame is shown, but on no display; its warnings of the offscreen plugin are filtered.
+    return SupportoBench::esegui(
+        argc, argv, [] { gestorePredefinito = qInstallMessageHandler(filtraMessaggi); });
 }

@@ -23,6 +23,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "supportobench.h"
+
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -40,7 +42,7 @@ void scrivi(const QString &cartella, const QString &percorso, const QStringList 
 
 void BM_AggiornaTutte(benchmark::State &state) {
     try {
-        QTemporaryDir sito, dati;
+        QTemporaryDir sito;
         scrivi(sito.path(), u"/index.html"_s, {u"Vespara"_s});
         for (const TaglioClassifica::Voce &v : TaglioClassifica::voci()) {
             const Leghe::Lega &lega = *Leghe::perCodice(QString::fromLatin1(v.codice));
@@ -55,18 +57,15 @@ void BM_AggiornaTutte(benchmark::State &state) {
             state.SkipWithError("server non avviato");
             return;
         }
-        DialoghiProva dialoghi;
-        Impostazioni impostazioni(dati.filePath(u"impostazioni.ini"_s));
-        Schermo schermo;
-        StatoProgramma stato(dialoghi, impostazioni, schermo);
-        stato.PercorsoDati = dati.path();
+        SupportoBench::Stato isolato;
+        StatoProgramma &stato = isolato.stato;
         stato.rete().setRadice(server.radice());
         for (auto _ : state) {
             Rete::Operazione operazione(stato.rete());
             AggiornamentoStraniero(stato).aggiornaTutte({}, {});
         }
         const Leghe::Lega &spagna = *Leghe::perCodice(u"Spagna"_s);
-        if (FileCampionati::leggiClassifica(dati.path(), spagna).righe !=
+        if (FileCampionati::leggiClassifica(stato.PercorsoDati, spagna).righe !=
             FileCampionati::leggiClassifica(Consegnati, spagna).righe)
             state.SkipWithError("la classifica aggiornata non è quella del sito");
     } catch (const ErroreEsecuzione &e) {
@@ -80,12 +79,8 @@ BENCHMARK(BM_AggiornaTutte)->Unit(benchmark::kMillisecond)->UseRealTime();
 // destruction is not timed.
 void BM_FrmClassifiche(benchmark::State &state) {
     try {
-        QTemporaryDir dir;
-        DialoghiProva dialoghi;
-        Impostazioni impostazioni(dir.filePath(u"impostazioni.ini"_s));
-        Schermo schermo;
-        schermo.imposta(QSize(1280, 800));
-        StatoProgramma stato(dialoghi, impostazioni, schermo);
+        SupportoBench::Stato isolato;
+        StatoProgramma &stato = isolato.stato;
         stato.PercorsoDati = Consegnati;
         stato.LegaClassifica = u"B"_s;
         for (auto _ : state) {
@@ -112,12 +107,5 @@ BENCHMARK(BM_LeggiClassifica)->Unit(benchmark::kMillisecond);
 } // namespace
 
 int main(int argc, char **argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return SupportoBench::esegui(argc, argv);
 }

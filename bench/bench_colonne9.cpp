@@ -11,6 +11,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "supportobench.h"
+
 #include "supporto/archiviosintetico.h"
 
 namespace {
@@ -93,11 +95,5 @@ BENCHMARK(BM_OrdinaTotale)->Unit(benchmark::kMillisecond);
 } // namespace
 
 int main(int argc, char **argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    QCoreApplication app(argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return SupportoBench::esegui(argc, argv);
 }

@@ -19,6 +19,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "supportobench.h"
+
 #include "supporto/archiviosintetico.h"
 
 #include <memory>
@@ -101,12 +103,8 @@ BENCHMARK(BM_RiempiCoppie)->Unit(benchmark::kMicrosecond);
 // timed; it is no part of opening the panel.
 void BM_FrmPannelloSegni(benchmark::State &state) {
     try {
-        QTemporaryDir dir;
-        DialoghiProva dialoghi;
-        Impostazioni impostazioni(dir.filePath(u"impostazioni.ini"_s));
-        Schermo schermo;
-        schermo.imposta(QSize(1280, 800));
-        StatoProgramma stato(dialoghi, impostazioni, schermo);
+        SupportoBench::Stato isolato;
+        StatoProgramma &stato = isolato.stato;
         stato.ColonneArchivio = archivio();
         stato.BaseColonne9 = Base;
         for (auto _ : state) {
@@ -129,13 +127,5 @@ BENCHMARK(BM_FrmPannelloSegni)->Unit(benchmark::kMillisecond)->UseManualTime();
 } // namespace
 
 int main(int argc, char **argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    // The screen needs widgets; no display is needed to build them.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return SupportoBench::esegui(argc, argv);
 }

@@ -24,6 +24,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "supportobench.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -57,15 +59,10 @@ int paginePdf(const QString &file) {
 // file: offsets, the last five boxes and the 9 filled in.
 void BM_SchedinePdf(benchmark::State &state) {
     try {
-        QTemporaryDir dir;
-        DialoghiProva dialoghi;
-        Impostazioni impostazioni(dir.filePath(u"impostazioni.ini"_s));
-        Schermo schermo;
-        schermo.imposta(QSize(1280, 800));
-        StatoProgramma stato(dialoghi, impostazioni, schermo);
-        stato.PercorsoDati = dir.path();
+        SupportoBench::Stato isolato;
+        StatoProgramma &stato = isolato.stato;
         stato.stampanti().imposta({u"Stampante di prova"_s});
-        const QString pdf = dir.filePath(u"schedine.pdf"_s);
+        const QString pdf = isolato.dir.filePath(u"schedine.pdf"_s);
         stato.FileStampaPdf = pdf;
         stato.ColonneStampa = colonne();
         stato.PrimaColonnaStampa = 1;
@@ -76,14 +73,14 @@ void BM_SchedinePdf(benchmark::State &state) {
         for (int k = 0; k < 5; ++k)
             frm.findChild<QLineEdit *>(u"txt%1"_s.arg(10 + k))->setText(Ultime.at(k));
         frm.findChild<QCheckBox *>(u"chk9"_s)->setChecked(true);
-        dialoghi.svuota();
+        isolato.dialoghi.svuota();
         for (auto _ : state) {
             QFile::remove(pdf);
             QElapsedTimer orologio;
             orologio.start();
             frm.stampa();
             state.SetIterationTime(double(orologio.nsecsElapsed()) / 1e9);
-            if (!dialoghi.boxes.isEmpty() || !QFileInfo::exists(pdf)) {
+            if (!isolato.dialoghi.boxes.isEmpty() || !QFileInfo::exists(pdf)) {
                 state.SkipWithError("la stampa non ha scritto il file");
                 break;
             }
@@ -126,13 +123,5 @@ BENCHMARK(BM_SchedineRegistratore)->Unit(benchmark::kMillisecond);
 } // namespace
 
 int main(int argc, char **argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    // The screen needs widgets; no display is needed to build them.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return SupportoBench::esegui(argc, argv);
 }

@@ -23,6 +23,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "supportobench.h"
+
 #include "supporto/archiviosintetico.h"
 
 #include <memory>
@@ -165,12 +167,8 @@ BENCHMARK(BM_DettagliUltimaCV)->Unit(benchmark::kMillisecond);
 // timed; it is no part of opening the screen.
 template <typename Finestra> void apertura(benchmark::State &state, int concorsi) {
     try {
-        QTemporaryDir dir;
-        DialoghiProva dialoghi;
-        Impostazioni impostazioni(dir.filePath(u"impostazioni.ini"_s));
-        ::Schermo schermoProva;
-        schermoProva.imposta(QSize(1280, 800));
-        StatoProgramma stato(dialoghi, impostazioni, schermoProva);
+        SupportoBench::Stato isolato;
+        StatoProgramma &stato = isolato.stato;
         stato.ColonneArchivio = archivio(concorsi);
         stato.BaseColonne9 = StatoProgramma::ValoreBaseColonne9;
         for (auto _ : state) {
@@ -209,13 +207,5 @@ BENCHMARK(BM_FrmDettagliUltimaCV)->Unit(benchmark::kMillisecond)->UseManualTime(
 } // namespace
 
 int main(int argc, char **argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    // The screens need widgets; no display is needed to build them.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return SupportoBench::esegui(argc, argv);
 }

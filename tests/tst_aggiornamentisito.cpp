@@ -361,7 +361,7 @@ void TstAggiornamentiSito::togliBlank_data() {
 void TstAggiornamentiSito::togliBlank() {
     QFETCH(QString, testo);
     QFETCH(QString, atteso);
-    QCOMPARE(AggiornamentiSito::togliBlank(testo), atteso);
+    QCOMPARE(Rete::togliBlank(testo), atteso);
 }
 
 void TstAggiornamentiSito::righe_data() {
@@ -377,7 +377,7 @@ void TstAggiornamentiSito::righe_data() {
 void TstAggiornamentiSito::righe() {
     QFETCH(QString, testo);
     QFETCH(QStringList, attese);
-    QCOMPARE(AggiornamentiSito::righe(testo), attese);
+    QCOMPARE(Rete::righe(testo), attese);
 }
 
 void TstAggiornamentiSito::righeArchivio_data() {

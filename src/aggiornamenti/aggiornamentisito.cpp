@@ -40,24 +40,6 @@ bool AggiornamentiSito::verificaConnessione() {
     return m_stato.rete().verificaConnessione();
 }
 
-QString AggiornamentiSito::togliBlank(QStringView testo) {
-    qsizetype inizio = 0;
-    qsizetype fine = testo.size();
-    while (inizio < fine && testo.at(inizio) == u' ')
-        ++inizio;
-    while (fine > inizio && testo.at(fine - 1) == u' ')
-        --fine;
-    return testo.sliced(inizio, fine - inizio).toString();
-}
-
-QStringList AggiornamentiSito::righe(const QString &testo) {
-    QStringList pezzi = testo.split(u'\n');
-    for (QString &pezzo : pezzi)
-        if (pezzo.endsWith(u'\r'))
-            pezzo.chop(1);
-    return pezzi;
-}
-
 QString AggiornamentiSito::scaricaPagina(const QString &percorso) {
     const Rete::Pagina pagina = m_stato.rete().scarica(percorso);
     if (pagina.esito == Rete::Esito::Annullata)
@@ -67,7 +49,7 @@ QString AggiornamentiSito::scaricaPagina(const QString &percorso) {
         throw ErroreEsecuzione(
             u"La pagina %1 del sito non è arrivata per intero: l'aggiornamento si è fermato qui. "
             "I file non ancora aggiornati sono rimasti come erano."_s.arg(percorso));
-    return togliBlank(pagina.testo);
+    return Rete::togliBlank(pagina.testo);
 }
 
 void AggiornamentiSito::controllaInterruzione() const {
@@ -78,7 +60,7 @@ void AggiornamentiSito::controllaInterruzione() const {
 QString AggiornamentiSito::scaricaInFile(const QString &percorso, const QString &nomeFile) {
     const QString pagina = scaricaPagina(percorso);
     controllaInterruzione();
-    FileDati::scriviRighe(m_stato.percorsoFile(nomeFile), righe(pagina));
+    FileDati::scriviRighe(m_stato.percorsoFile(nomeFile), Rete::righe(pagina));
     return pagina;
 }
 
@@ -86,7 +68,7 @@ QStringList AggiornamentiSito::leggiCopia(const QString &nomeFile, int massimo) 
     const QStringList lette = FileDati::leggiRighe(m_stato.percorsoFile(nomeFile));
     QStringList copia;
     for (qsizetype i = 0; i < lette.size() && i < massimo; ++i)
-        copia.append(togliBlank(lette.at(i)));
+        copia.append(Rete::togliBlank(lette.at(i)));
     return copia;
 }
 
@@ -218,7 +200,7 @@ void AggiornamentiSito::scaricaInFile(const QList<std::pair<QString, QString>> &
     for (const QString &nome : daEliminare)
         FileDati::elimina(m_stato.percorsoFile(nome));
     for (qsizetype i = 0; i < pagine.size(); ++i)
-        FileDati::scriviRighe(m_stato.percorsoFile(pagine.at(i).second), righe(testi.at(i)));
+        FileDati::scriviRighe(m_stato.percorsoFile(pagine.at(i).second), Rete::righe(testi.at(i)));
 }
 
 void AggiornamentiSito::aggiornaConcorsiStranieri() {

@@ -55,10 +55,6 @@ public:
     // VerificaConnessione.
     bool verificaConnessione();
 
-    // The text trimmed of blanks (only blanks: line ends stay) at both ends.
-    static QString togliBlank(QStringView testo);
-    // A text's lines: split on LF, a CR before the LF dropped.
-    static QStringList righe(const QString &testo);
     // The page fetched, trimmed of blanks and written to the data file as one print: its lines
     // and a last line end. Returns the trimmed text.
     QString scaricaInFile(const QString &percorso, const QString &nomeFile);

@@ -43,9 +43,7 @@ FrmCinquineMai::FrmCinquineMai(StatoProgramma &stato, QWidget *genitore)
     vista->setGriglia(m_griglia);
     vista->adattaLarghezza();
     vista->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    const int riga = Griglia::twipsInPixel(m_griglia->altezzaRighe());
-    vista->setMinimumHeight(vista->horizontalHeader()->sizeHint().height() + 20 * riga +
-                            2 * vista->frameWidth());
+    vista->setMinimumHeight(vista->dimensioneEsatta(20).height());
     FrmMenuGriglie::esportaConTastoDestro(stato, vista,
                                           u"Situazione delle Cinquine mai uscite, alla data "_s);
 

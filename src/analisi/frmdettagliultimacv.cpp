@@ -77,10 +77,7 @@ FrmDettagliUltimaCV::FrmDettagliUltimaCV(StatoProgramma &stato, QWidget *genitor
     auto *vista = new VistaGriglia(this);
     vista->setObjectName(u"grigliaCV"_s);
     vista->setGriglia(m_griglia);
-    vista->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    vista->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    vista->setFixedSize(vista->larghezzaColonne() + 2 * vista->frameWidth(),
-                        Griglia::twipsInPixel(m_griglia->altezzaRighe()) + 2 * vista->frameWidth());
+    vista->adattaA();
 
     const QString assente = u"--"_s;
     auto *lblStagione = valore(this, u"lblStagione"_s, vuoto ? assente : d.stagione);

@@ -34,11 +34,8 @@ FrmFormule::FrmFormule(StatoProgramma &stato, QWidget *genitore)
     vista->ordinaConDoppioClic(&m_ordine);
     FrmMenuGriglie::esportaConTastoDestro(stato, vista, u"Riepilogo Formule, alla data "_s);
     // Twenty formulas in sight; the rest scroll, and a taller window shows them all.
-    const int riga = Griglia::twipsInPixel(m_griglia->altezzaRighe());
-    vista->setMinimumHeight(vista->horizontalHeader()->sizeHint().height() + 20 * riga +
-                            2 * vista->frameWidth());
-    vista->setMaximumHeight(vista->horizontalHeader()->sizeHint().height() +
-                            StatisticaFormule::Numero * riga + 2 * vista->frameWidth());
+    vista->setMinimumHeight(vista->dimensioneEsatta(20).height());
+    vista->setMaximumHeight(vista->dimensioneEsatta().height());
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(10, 6, 10, 10);

@@ -77,10 +77,9 @@ FrmPannelloSegni::FrmPannelloSegni(StatoProgramma &stato, QWidget *genitore)
     MdiTrascinamento::installa(this, {lblIndice});
     auto *lblEsci = MdiStile::pulsanteEsci(this);
 
-    auto *vistaTerzine = creaVista(u"Griglia"_s, m_terzine, GrigliePannello::RigheTerzine);
-    auto *vistaCoppie = creaVista(u"GrigliaCoppie"_s, m_coppie, GrigliePannello::RigheCoppie);
-    auto *vistaCinquine =
-        creaVista(u"GrigliaCinquine"_s, m_cinquine, GrigliePannello::RigheCinquine);
+    auto *vistaTerzine = creaVista(u"Griglia"_s, m_terzine);
+    auto *vistaCoppie = creaVista(u"GrigliaCoppie"_s, m_coppie);
+    auto *vistaCinquine = creaVista(u"GrigliaCinquine"_s, m_cinquine);
     connect(vistaTerzine, &VistaGriglia::clic, this, &FrmPannelloSegni::clicTerzine);
     // The right button hands a grid to the export: its first row of signs becomes the header.
     FrmMenuGriglie::esportaConTastoDestro(stato, vistaTerzine,
@@ -148,24 +147,20 @@ FrmPannelloSegni::FrmPannelloSegni(StatoProgramma &stato, QWidget *genitore)
 
 FrmPannelloSegni::~FrmPannelloSegni() = default;
 
-VistaGriglia *FrmPannelloSegni::creaVista(const QString &nome, Griglia *griglia,
-                                          int righeVisibili) {
+VistaGriglia *FrmPannelloSegni::creaVista(const QString &nome, Griglia *griglia) {
     auto *vista = new VistaGriglia(this);
     vista->setObjectName(nome);
     vista->setGriglia(griglia);
-    const int larghezza = vista->larghezzaColonne();
-    const int bordo = 2 * vista->frameWidth();
-    const int altezza = righeVisibili * Griglia::twipsInPixel(griglia->altezzaRighe()) + bordo;
     // The grid of the cinquine is too wide for any screen: it scrolls sideways.
-    const bool scorre = larghezza > 1000;
-    vista->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    vista->setHorizontalScrollBarPolicy(scorre ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
-    if (scorre) {
-        vista->setMinimumWidth(400);
-        vista->setFixedHeight(altezza + vista->horizontalScrollBar()->sizeHint().height());
-    } else {
-        vista->setFixedSize(larghezza + bordo, altezza);
+    if (vista->larghezzaColonne() <= 1000) {
+        vista->adattaA();
+        return vista;
     }
+    vista->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    vista->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    vista->setMinimumWidth(400);
+    vista->setFixedHeight(vista->dimensioneEsatta().height() +
+                          vista->horizontalScrollBar()->sizeHint().height());
     return vista;
 }
 

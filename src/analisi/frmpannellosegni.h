@@ -28,7 +28,8 @@ public:
     const SelezioneTerzine &selezione() const { return m_selezione; }
 
 private:
-    VistaGriglia *creaVista(const QString &nome, Griglia *griglia, int righeVisibili);
+    // A grid shown whole; one too wide for a screen scrolls sideways.
+    VistaGriglia *creaVista(const QString &nome, Griglia *griglia);
     void clicTerzine(int riga, int colonna);
     // "Terzine" and "Coppie" go to the printer, "Cinquine" to the preview.
     void stampa(const QString &scelta);

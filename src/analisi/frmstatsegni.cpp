@@ -24,12 +24,12 @@ constexpr int Colonne = 10;
 constexpr int LarghezzaPosizione = 500;
 constexpr int LarghezzaBlocco = 1800;
 
+// A grid shown whole.
 VistaGriglia *vistaFissa(QWidget *genitore, const QString &nome, Griglia *griglia) {
     auto *vista = new VistaGriglia(genitore);
     vista->setObjectName(nome);
     vista->setGriglia(griglia);
-    vista->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    vista->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    vista->adattaA();
     return vista;
 }
 
@@ -62,14 +62,6 @@ FrmStatSegni::FrmStatSegni(StatoProgramma &stato, QWidget *genitore)
     vista->ordinaConDoppioClic(&m_ordine);
     FrmMenuGriglie::esportaConTastoDestro(stato, vista,
                                           u"La Statistica dei 14 segni, alla data "_s);
-    // Both grids are as wide as their columns; the body shows its 14 rows under the header.
-    const int larghezza = vista->larghezzaColonne() + 2 * vista->frameWidth();
-    vistaTitoli->setFixedSize(larghezza, Griglia::twipsInPixel(m_titoli->altezzaRighe()) +
-                                             2 * vistaTitoli->frameWidth());
-    vista->setFixedWidth(larghezza);
-    vista->setMinimumHeight(vista->horizontalHeader()->sizeHint().height() +
-                            14 * Griglia::twipsInPixel(m_griglia->altezzaRighe()) +
-                            2 * vista->frameWidth());
 
     auto *testa = new QHBoxLayout;
     testa->addWidget(titolo);
@@ -82,7 +74,9 @@ FrmStatSegni::FrmStatSegni(StatoProgramma &stato, QWidget *genitore)
     layout->addWidget(lblConcorso);
     layout->addSpacing(4);
     layout->addWidget(vistaTitoli, 0, Qt::AlignLeft);
-    layout->addWidget(vista, 1, Qt::AlignLeft);
+    layout->addWidget(vista, 0, Qt::AlignLeft);
+    // Both grids are shown whole: a larger window has nothing more to show.
+    layout->setSizeConstraint(QLayout::SetFixedSize);
     // A press on the background moves the screen: it has no title bar of its own.
     MdiTrascinamento::installa(this, {titolo, lblConcorso});
 }

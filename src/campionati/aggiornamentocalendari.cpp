@@ -4,22 +4,9 @@
 #include "campionati/filecampionati.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/filedati.h"
+#include "piattaforma/rete.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-// The page without the blanks that pad it (only blanks: line ends stay).
-QString senzaBlank(const QString &testo) {
-    qsizetype inizio = 0, fine = testo.size();
-    while (inizio < fine && testo.at(inizio) == u' ')
-        ++inizio;
-    while (fine > inizio && testo.at(fine - 1) == u' ')
-        --fine;
-    return testo.mid(inizio, fine - inizio);
-}
-
-} // namespace
 
 AggiornamentoCalendari::AggiornamentoCalendari(StatoProgramma &stato)
     : m_stato(stato) {}
@@ -29,7 +16,7 @@ QString AggiornamentoCalendari::pagina(const Leghe::Lega &lega) {
 }
 
 QString AggiornamentoCalendari::scarica(const Leghe::Lega &lega) {
-    return senzaBlank(AggiornamentoStraniero::scarica(m_stato, pagina(lega)));
+    return Rete::togliBlank(AggiornamentoStraniero::scarica(m_stato, pagina(lega)));
 }
 
 bool AggiornamentoCalendari::secondaDivisioneDisponibile() {
@@ -42,10 +29,8 @@ bool AggiornamentoCalendari::secondaDivisioneDisponibile() {
 void AggiornamentoCalendari::aggiorna(const std::function<void(int)> &avanzamento) {
     int fatte = 0;
     for (const Leghe::Lega &lega : Leghe::italiane()) {
-        QStringList righe = scarica(lega).split(u'\n');
-        for (QString &riga : righe)
-            if (riga.endsWith(u'\r'))
-                riga.chop(1);
+        QStringList righe = Rete::righe(scarica(lega));
+        // The line end of the last line opens no string.
         if (!righe.isEmpty() && righe.last().isEmpty())
             righe.removeLast();
         FileDati::scriviRighe(m_stato.percorsoFile(Leghe::fileCalendarioTesto(lega)), righe);

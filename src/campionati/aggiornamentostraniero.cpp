@@ -56,7 +56,7 @@ QList<const TaglioClassifica::Voce *> AggiornamentoStraniero::inOrdineAlfabetico
     for (const TaglioClassifica::Voce &v : TaglioClassifica::voci())
         voci.append(&v);
     std::sort(voci.begin(), voci.end(), [](const auto *a, const auto *b) {
-        return QString::fromLatin1(a->nome) < QString::fromLatin1(b->nome);
+        return TaglioClassifica::nome(*a) < TaglioClassifica::nome(*b);
     });
     return voci;
 }

@@ -47,27 +47,22 @@ FrmCampionato::FrmCampionato(StatoProgramma &stato, QWidget *genitore)
     setObjectName(u"frmCampionato"_s);
     setWindowTitle(QString::fromUtf8(Titolo));
     preparaGriglia();
+    bool mancanti = false;
     for (const Leghe::Lega &lega : Leghe::italiane())
-        m_mancanti =
-            m_mancanti || !FileDati::esiste(stato.PercorsoDati, Leghe::fileCalendarioDati(lega));
+        mancanti =
+            mancanti || !FileDati::esiste(stato.PercorsoDati, Leghe::fileCalendarioDati(lega));
     caricaSerie(0);
     mostraGiornata(0);
 
     auto *vista = new VistaGriglia(this);
     vista->setObjectName(u"Griglia"_s);
     vista->setGriglia(m_griglia);
-    vista->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    vista->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    int altezza = vista->horizontalHeader()->sizeHint().height() + 2 * vista->frameWidth();
-    for (int r = 1; r < m_griglia->righe(); ++r)
-        altezza += Griglia::twipsInPixel(m_griglia->altezzaRiga(r));
-    vista->setFixedSize(vista->larghezzaColonne() + 2 * vista->frameWidth(), altezza);
+    vista->adattaA();
 
     m_lstDate->setObjectName(u"lstDate"_s);
     m_lstDate->setToolTip(u"Le giornate: un clic mostra le partite"_s);
     m_lstDate->setFixedWidth(230);
-    connect(m_lstDate, &QListWidget::itemClicked, this,
-            [this] { mostraGiornata(m_lstDate->currentRow()); });
+    // A click or a key that moves the list shows the round.
     connect(m_lstDate, &QListWidget::currentRowChanged, this, [this](int riga) {
         if (riga >= 0)
             mostraGiornata(riga);
@@ -121,7 +116,7 @@ FrmCampionato::FrmCampionato(StatoProgramma &stato, QWidget *genitore)
     layout->setSizeConstraint(QLayout::SetFixedSize);
 
     // The warning comes once the screen stands on the desktop, and the screen opens all the same.
-    if (m_mancanti)
+    if (mancanti)
         QTimer::singleShot(0, this, [this] {
             m_stato.dialoghi().critico(Dialoghi::titoloApplicazione(),
                                        QString::fromUtf8(DatiMancanti));
@@ -201,7 +196,6 @@ void FrmCampionato::scarica() {
         m_barra->setValue(fatte);
         QCoreApplication::processEvents();
     });
-    m_mancanti = false;
     caricaSerie(m_serie);
     mostraGiornata(0);
 }

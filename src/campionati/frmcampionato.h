@@ -25,10 +25,6 @@ public:
 
     Griglia &griglia() const { return *m_griglia; }
 
-    // The warning of Form_Load, when a data file of the seven is missing; shown once the screen
-    // is on the desktop.
-    bool datiMancanti() const { return m_mancanti; }
-
 private:
     void caricaSerie(int serie);
     void mostraGiornata(int indice);
@@ -42,5 +38,4 @@ private:
     QProgressBar *m_barra;
     FileCampionati::Calendario m_calendario;
     int m_serie = 0;
-    bool m_mancanti = false;
 };

@@ -88,13 +88,7 @@ FrmClassifiche::FrmClassifiche(StatoProgramma &stato, QWidget *genitore)
     auto *vista = new VistaGriglia(this);
     vista->setObjectName(u"Griglia"_s);
     vista->setGriglia(m_griglia);
-    vista->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    vista->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    const int larghezza = vista->larghezzaColonne() + 2 * vista->frameWidth();
-    vista->setFixedSize(larghezza, vista->horizontalHeader()->sizeHint().height() +
-                                       (MostraClassifica::Righe - 1) *
-                                           Griglia::twipsInPixel(m_griglia->altezzaRighe()) +
-                                       2 * vista->frameWidth());
+    vista->adattaA();
     FrmMenuGriglie::esportaConTastoDestro(stato, vista, u"Classifica, alla data "_s);
 
     auto *imgStampa = new QPushButton(style()->standardIcon(QStyle::SP_FileDialogDetailedView),

@@ -68,12 +68,7 @@ FrmGestSquadre::FrmGestSquadre(StatoProgramma &stato, QWidget *genitore)
     auto *vista = new VistaGriglia(this);
     vista->setObjectName(u"Griglia"_s);
     vista->setGriglia(m_griglia);
-    vista->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    vista->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    vista->setFixedSize(vista->larghezzaColonne() + 2 * vista->frameWidth(),
-                        vista->horizontalHeader()->sizeHint().height() +
-                            Righe * Griglia::twipsInPixel(m_griglia->altezzaRighe()) +
-                            2 * vista->frameWidth());
+    vista->adattaA();
     connect(vista, &VistaGriglia::clic, this, [this](int riga, int) { scegliRiga(riga); });
 
     QGroupBox *serie = nullptr;

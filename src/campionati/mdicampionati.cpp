@@ -45,7 +45,7 @@ void MdiCampionati::aggiornaStraniere(RegistroSchermi &pannello, const char *cod
                 codice ? TaglioClassifica::perCodice(QString::fromLatin1(codice)) : nullptr) {
             const QString link = aggiornamento.link(*voce);
             finestra.show();
-            finestra.setTesto(QString::fromLatin1(voce->nome));
+            finestra.setTesto(TaglioClassifica::nome(*voce));
             aggiornamento.aggiorna(*voce, link);
             return;
         }

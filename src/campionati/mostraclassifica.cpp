@@ -93,7 +93,6 @@ void MostraClassifica::riempi(Griglia &g, const Leghe::Lega *lega,
         if (!g.testo(r, 1).isEmpty()) {
             g.setSfondo(r, 1, Griglia::daBGR(SfondoSquadra));
             g.setSfondo(r, 2, Griglia::daBGR(SfondoPunti));
-            g.setGrassetto(r, 2, true);
             g.setColore(r, 2, Griglia::daBGR(TestoPunti));
         }
         g.setDimensioneCarattere(r, 2, 10);

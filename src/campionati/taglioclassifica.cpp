@@ -9,34 +9,31 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::array<TaglioClassifica::Voce, 12> Voci{{
-    {"Inghilterra", "1/12 (Inghilterra)", "Inghilterra", "mnuInghilterra",
-     "/vespara/linkInghilterra.html", "classInghilterra.txt",
-     "Campionato Inghilterra - Aggiornata al "},
-    {"ArgentinaAp", "2/12 (Argentina)", "Argentina", "mnuArgentinaAp",
-     "/vespara/linkArgentina.html", "classArgentinaAP.txt",
-     "Campionato Argentina - Aggiornata al "},
-    {"Austria", "3/12 (Austria)", "Austria", "mnuAustria", "/vespara/linkAustria.html",
-     "classAustria.txt", "Campionato Austria - Aggiornata al "},
-    {"Francia", "4/12 (Francia)", "Francia", "mnuFrancia", "/vespara/linkFrancia.html",
-     "classFrancia.txt", "Campionato Francia - Aggiornata al "},
+    {"Inghilterra", "1/12 (Inghilterra)", "mnuInghilterra", "/vespara/linkInghilterra.html",
+     "classInghilterra.txt", "Campionato Inghilterra - Aggiornata al "},
+    {"ArgentinaAp", "2/12 (Argentina)", "mnuArgentinaAp", "/vespara/linkArgentina.html",
+     "classArgentinaAP.txt", "Campionato Argentina - Aggiornata al "},
+    {"Austria", "3/12 (Austria)", "mnuAustria", "/vespara/linkAustria.html", "classAustria.txt",
+     "Campionato Austria - Aggiornata al "},
+    {"Francia", "4/12 (Francia)", "mnuFrancia", "/vespara/linkFrancia.html", "classFrancia.txt",
+     "Campionato Francia - Aggiornata al "},
     // Germania's heading says "Francia": that is what the file has always said.
-    {"Germania", "5/12 (Germania)", "Germania", "mnuGermania", "/vespara/linkGermania.html",
+    {"Germania", "5/12 (Germania)", "mnuGermania", "/vespara/linkGermania.html",
      "classGermania.txt", "Campionato Francia - Aggiornata al "},
-    {"Grecia", "6/12 (Grecia)", "Grecia", "mnuGrecia", "/vespara/linkGrecia.html",
-     "classGrecia.txt", "Campionato Grecia - Aggiornata al "},
-    {"Olanda", "7/12 (Olanda)", "Olanda", "mnuOlanda", "/vespara/linkOlanda.html",
-     "classOlanda.txt", "Campionato Olanda - Aggiornata al "},
-    {"Portogallo", "8/12 (Portogallo)", "Portogallo", "mnuPortogallo",
-     "/vespara/linkPortogallo.html", "classPortogallo.txt",
-     "Campionato Portogallo - Aggiornata al "},
-    {"Scozia", "9/12 (Scozia)", "Scozia", "mnuScozia", "/vespara/linkScozia.html",
-     "classScozia.txt", "Campionato Scozia - Aggiornata al "},
-    {"Spagna", "10/12 (Spagna)", "Spagna", "mnuSpagna", "/vespara/linkSpagna.html",
-     "classSpagna.txt", "Campionato Spagna - Aggiornata al "},
-    {"Svizzera", "11/12 (Svizzera)", "Svizzera", "mnuSvizzera", "/vespara/linkSvizzera.html",
+    {"Grecia", "6/12 (Grecia)", "mnuGrecia", "/vespara/linkGrecia.html", "classGrecia.txt",
+     "Campionato Grecia - Aggiornata al "},
+    {"Olanda", "7/12 (Olanda)", "mnuOlanda", "/vespara/linkOlanda.html", "classOlanda.txt",
+     "Campionato Olanda - Aggiornata al "},
+    {"Portogallo", "8/12 (Portogallo)", "mnuPortogallo", "/vespara/linkPortogallo.html",
+     "classPortogallo.txt", "Campionato Portogallo - Aggiornata al "},
+    {"Scozia", "9/12 (Scozia)", "mnuScozia", "/vespara/linkScozia.html", "classScozia.txt",
+     "Campionato Scozia - Aggiornata al "},
+    {"Spagna", "10/12 (Spagna)", "mnuSpagna", "/vespara/linkSpagna.html", "classSpagna.txt",
+     "Campionato Spagna - Aggiornata al "},
+    {"Svizzera", "11/12 (Svizzera)", "mnuSvizzera", "/vespara/linkSvizzera.html",
      "classSvizzera.txt", "Campionato Svizzera - Aggiornata al "},
-    {"Belgio", "12/12 (Belgio)", "Belgio", "mnuBelgio", "/vespara/linkBelgio.html",
-     "classBelgio.txt", "Campionato Belgio - Aggiornata al "},
+    {"Belgio", "12/12 (Belgio)", "mnuBelgio", "/vespara/linkBelgio.html", "classBelgio.txt",
+     "Campionato Belgio - Aggiornata al "},
 }};
 
 } // namespace
@@ -50,6 +47,11 @@ const TaglioClassifica::Voce *TaglioClassifica::perCodice(const QString &codice)
         if (codice == QLatin1StringView(v.codice))
             return &v;
     return nullptr;
+}
+
+QString TaglioClassifica::nome(const Voce &voce) {
+    const Leghe::Lega *lega = Leghe::perCodice(QString::fromLatin1(voce.codice));
+    return lega ? QString::fromLatin1(lega->nome) : QString::fromLatin1(voce.codice);
 }
 
 QList<TaglioClassifica::Riga> TaglioClassifica::taglia(const QStringList &righePagina, int righe) {

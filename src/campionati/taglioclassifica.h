@@ -22,7 +22,6 @@ public:
     struct Voce {
         const char *codice;       // LegaClassifica
         const char *progresso;    // lblCont while its page downloads: "1/12 (Inghilterra)"
-        const char *nome;         // lblCont of an update of this league alone
         const char *menu;         // its menu entry
         const char *paginaLink;   // the page holding the address of the page to cut
         const char *fileLavoro;   // the page as downloaded, deleted after the cut
@@ -30,6 +29,8 @@ public:
     };
     static std::span<const Voce> voci();
     static const Voce *perCodice(const QString &codice);
+    // The league's name, which lblCont shows while the league is updated alone ("Argentina").
+    static QString nome(const Voce &voce);
 
     static constexpr int MassimoRighePagina = 3000;
     static constexpr int CelleNumeriche = 17;

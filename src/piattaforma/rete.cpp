@@ -172,3 +172,21 @@ QString Rete::scaricaTesto(const QString &percorso) {
 bool Rete::verificaConnessione() {
     return esegui(url(u"/"_s), std::min(m_tempi.pagina, m_tempi.sonda)).esito == Esito::Completa;
 }
+
+QString Rete::togliBlank(QStringView testo) {
+    qsizetype inizio = 0;
+    qsizetype fine = testo.size();
+    while (inizio < fine && testo.at(inizio) == u' ')
+        ++inizio;
+    while (fine > inizio && testo.at(fine - 1) == u' ')
+        --fine;
+    return testo.sliced(inizio, fine - inizio).toString();
+}
+
+QStringList Rete::righe(const QString &testo) {
+    QStringList pezzi = testo.split(u'\n');
+    for (QString &pezzo : pezzi)
+        if (pezzo.endsWith(u'\r'))
+            pezzo.chop(1);
+    return pezzi;
+}

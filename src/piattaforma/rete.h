@@ -4,6 +4,7 @@
 #include <QNetworkAccessManager>
 #include <QPointer>
 #include <QString>
+#include <QStringList>
 #include <QUrl>
 
 class Impostazioni;
@@ -88,6 +89,11 @@ public:
     Pagina scarica(const QString &percorso);
     // The page's text as it is, not padded: the message pages. Empty when nothing came.
     QString scaricaTesto(const QString &percorso);
+    // A page's text without the blanks that pad it (only blanks: line ends stay) at both ends.
+    static QString togliBlank(QStringView testo);
+    // A page's lines: split on LF, a CR before the LF dropped.
+    static QStringList righe(const QString &testo);
+
     // VerificaConnessione: true whenever an HTTP exchange with the root page completes, whatever
     // its status.
     bool verificaConnessione();

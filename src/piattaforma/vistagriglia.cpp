@@ -446,6 +446,26 @@ int VistaGriglia::larghezzaColonne() const {
     return larghezza;
 }
 
+QSize VistaGriglia::dimensioneEsatta(int righe) const {
+    const int bordo = 2 * frameWidth();
+    int altezza = bordo;
+    if (m_griglia) {
+        int r = 0;
+        // One fixed row stands as the header, at its own height.
+        if (m_griglia->righeFisse() == 1 && m_griglia->righe() > 0)
+            altezza += Griglia::twipsInPixel(m_griglia->altezzaRiga(r++));
+        for (int n = 0; r < m_griglia->righe() && (righe < 0 || n < righe); ++r, ++n)
+            altezza += Griglia::twipsInPixel(m_griglia->altezzaRiga(r));
+    }
+    return {larghezzaColonne() + bordo, altezza};
+}
+
+void VistaGriglia::adattaA(int righe) {
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFixedSize(dimensioneEsatta(righe));
+}
+
 void VistaGriglia::adattaLarghezza() {
     setFixedWidth(larghezzaColonne() + 2 * frameWidth() +
                   style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2);

@@ -36,6 +36,11 @@ public:
     int larghezzaColonne() const;
     // Fits the view to the width of its columns, with room for the vertical scroll bar.
     void adattaLarghezza();
+    // The size that shows every column and the first `righe` rows under the frozen header (all
+    // of them when negative), frame included and no scroll bar.
+    QSize dimensioneEsatta(int righe = -1) const;
+    // The view fixed at that size, its scroll bars off: a grid that is shown whole.
+    void adattaA(int righe = -1);
     void setCellaCorrente(int r, int c);
 
     // Whether the frozen header answers a click of the left button (with clicIntestazione);

@@ -47,7 +47,7 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *dati, size_t n) {
     const QString pagina = latino(dati, n);
     // As the update fetches it (trimmed of blanks), and as it came.
-    leggiPezzi(AggiornamentiSito::togliBlank(pagina).split(u'\n'));
+    leggiPezzi(Rete::togliBlank(pagina).split(u'\n'));
     leggiPezzi(pagina.split(u'\n'));
     return 0;
 }
