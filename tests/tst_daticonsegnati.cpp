@@ -1,8 +1,14 @@
 // The delivered data folder as committed: the archive built from real league results, the team
-// lists and the marker files that the first start copies into a new data folder.
+// lists, the coupons and quotas of the week and the marker files that the first start copies
+// into a new data folder.
 
+#include "campionati/leghe.h"
 #include "core/colonna.h"
+#include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
+#include "schedine/fileschedine.h"
+#include "schedine/quote.h"
+#include "schedine/schedinasettimana.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,6 +16,8 @@
 #include <QTest>
 
 #include <algorithm>
+
+Q_DECLARE_METATYPE(FileSchedine::Tipo)
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +35,9 @@ private slots:
     void listeSquadre();
     void fileSegnaposto_data();
     void fileSegnaposto();
+    void schedine_data();
+    void schedine();
+    void quote();
 
 private:
     QString percorso(const QString &nome) const { return m_cartella.filePath(nome); }
@@ -190,6 +201,53 @@ void TestDatiConsegnati::fileSegnaposto() {
     QVERIFY2(QFile::exists(percorso(file)), qPrintable(file));
     if (!primaRiga.isEmpty())
         QCOMPARE(FileDati::leggiPrimaRiga(percorso(file)), primaRiga);
+}
+
+void TestDatiConsegnati::schedine_data() {
+    QTest::addColumn<FileSchedine::Tipo>("tipo");
+    QTest::newRow("infrasettimanale") << FileSchedine::Tipo::Infrasettimanale;
+    QTest::newRow("sabato") << FileSchedine::Tipo::Sabato;
+    QTest::newRow("domenica") << FileSchedine::Tipo::Domenica;
+}
+
+// A fresh install opens every coupon screen without a file error, and a click on any team of a
+// coupon finds the table of its league.
+void TestDatiConsegnati::schedine() {
+    QFETCH(FileSchedine::Tipo, tipo);
+    const QString cartella = m_cartella.path();
+    try {
+        const FileSchedine::Schedina schedina = FileSchedine::leggiSchedina(cartella, tipo);
+        QVERIFY(FileSchedine::leggiIntestazione(schedina.intestazione).has_value());
+        QCOMPARE(schedina.partite.size(), FileSchedine::Partite);
+        const auto picchetto = FileSchedine::leggiPicchetto(cartella, tipo);
+        QCOMPARE(FileSchedine::leggiPronostico(cartella, tipo).size(), FileSchedine::Partite);
+
+        QHash<QString, QStringList> squadre;
+        for (const Leghe::Lega &lega : Leghe::tutte())
+            squadre.insert(QString::fromLatin1(lega.codice), Leghe::leggiSquadre(cartella, lega));
+        for (int k = 0; k < FileSchedine::Partite; ++k) {
+            const QStringList &pezzi = schedina.partite.at(k);
+            QCOMPARE(pezzi.size(), 4);
+            QCOMPARE(pezzi.at(0), QString::number(k + 1));
+            for (int i : {1, 2})
+                QVERIFY2(!SchedinaSettimana::legaDi(squadre, pezzi.at(i)).isEmpty(),
+                         qPrintable(pezzi.at(i)));
+            for (const QString &percentuale : picchetto[std::size_t(k)])
+                QVERIFY2(percentuale.toInt() > 0, qPrintable(pezzi.join(u'-')));
+        }
+    } catch (const ErroreEsecuzione &e) {
+        QFAIL(e.what());
+    }
+}
+
+void TestDatiConsegnati::quote() {
+    try {
+        const QStringList valori = Quote::leggi(m_cartella.path());
+        QCOMPARE(valori.size(), Quote::Valori);
+        QVERIFY(valori.at(Quote::ConcorsoTotocalcio - 1).startsWith(u"Concorso n. "_s));
+    } catch (const ErroreEsecuzione &e) {
+        QFAIL(e.what());
+    }
 }
 
 QTEST_GUILESS_MAIN(TestDatiConsegnati)

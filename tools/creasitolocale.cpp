@@ -2,6 +2,9 @@
 // league tables, the coupons and picchetti, the quotas, the version pages, the team lists and the
 // messages, all from a data folder (and, when given, from real results for the league tables).
 // Run by hand; everything but the archive, the team lists and the real tables is test data.
+// The coupons, picchetti and quotas of the delivered data folder are these pages as they stand
+// (vespara/<Nome>.html copied to dati/<Nome>.txt), so that a fresh install shows the same week
+// as the site.
 //
 //   creasitolocale <cartella dati> <cartella sito> [partite-italia.csv]
 

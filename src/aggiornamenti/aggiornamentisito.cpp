@@ -8,6 +8,9 @@
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/rete.h"
+#include "piattaforma/scaricamentofile.h"
+#include "schedine/fileschedine.h"
+#include "schedine/quote.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,18 +20,16 @@ QString testo(const char *latino) {
     return QString::fromLatin1(latino);
 }
 
-// The coupon pages, the midweek one first, and the local names of the last two.
-constexpr const char *PaginaInfrasettimanale = "/vespara/SchedinaProssimoConcorso.html";
-constexpr std::array<std::array<const char *, 2>, 2> SchedineWeekEnd{{
-    {"/vespara/SchedinaSabato.html", "SchedinaSabato.txt"},
-    {"/vespara/SchedinaDomenica.html", "SchedinaDomenica.txt"},
-}};
+using Tipo = FileSchedine::Tipo;
 
-constexpr std::array<std::array<const char *, 2>, 3> Picchetti{{
-    {"/vespara/Picchetto.html", "Picchetto.txt"},
-    {"/vespara/PicchettoDomenica.html", "PicchettoDomenica.txt"},
-    {"/vespara/PicchettoSabato.html", "PicchettoSabato.txt"},
-}};
+// A coupon's or picchetto's page on the site bears the name of its file.
+QString pagina(const QString &file) {
+    return u"/vespara/"_s + file.chopped(4) + u".html"_s;
+}
+
+// The order in which the steps fetch them.
+constexpr std::array<Tipo, 2> SchedineWeekEnd{Tipo::Sabato, Tipo::Domenica};
+constexpr std::array<Tipo, 3> Picchetti{Tipo::Infrasettimanale, Tipo::Domenica, Tipo::Sabato};
 
 } // namespace
 
@@ -41,27 +42,15 @@ bool AggiornamentiSito::verificaConnessione() {
 }
 
 QString AggiornamentiSito::scaricaPagina(const QString &percorso) {
-    const Rete::Pagina pagina = m_stato.rete().scarica(percorso);
-    if (pagina.esito == Rete::Esito::Annullata)
-        throw ErroreEsecuzione::interruzione();
-    // A page broken off would take the place of a good file: the update stops before it.
-    if (!pagina.intera())
-        throw ErroreEsecuzione(
-            u"La pagina %1 del sito non è arrivata per intero: l'aggiornamento si è fermato qui. "
-            "I file non ancora aggiornati sono rimasti come erano."_s.arg(percorso));
-    return Rete::togliBlank(pagina.testo);
+    return ScaricamentoFile::pagina(m_stato.rete(), percorso);
 }
 
 void AggiornamentiSito::controllaInterruzione() const {
-    if (m_stato.rete().interrotta())
-        throw ErroreEsecuzione::interruzione();
+    ScaricamentoFile::controllaInterruzione(m_stato.rete());
 }
 
 QString AggiornamentiSito::scaricaInFile(const QString &percorso, const QString &nomeFile) {
-    const QString pagina = scaricaPagina(percorso);
-    controllaInterruzione();
-    FileDati::scriviRighe(m_stato.percorsoFile(nomeFile), Rete::righe(pagina));
-    return pagina;
+    return ScaricamentoFile::inFile(m_stato.rete(), percorso, m_stato.percorsoFile(nomeFile));
 }
 
 QStringList AggiornamentiSito::leggiCopia(const QString &nomeFile, int massimo) const {
@@ -145,8 +134,7 @@ void AggiornamentiSito::aggiornaClassifiche(const std::function<void(int)> &avan
 }
 
 QStringList AggiornamentiSito::caricaMontepremi() {
-    scaricaInFile(testo(PaginaQuote), u"Quote.txt"_s);
-    m_copie.quote = leggiCopia(u"Quote.txt"_s, RigheQuote);
+    m_copie.quote = Quote::scarica(m_stato);
     return m_copie.quote;
 }
 
@@ -157,9 +145,9 @@ std::optional<QStringList> AggiornamentiSito::aggiornaQuote() {
 }
 
 void AggiornamentiSito::scaricaSchedine(const QString &fileInfrasettimanale) {
-    scaricaInFile(testo(PaginaInfrasettimanale), fileInfrasettimanale);
-    for (const auto &[pagina, file] : SchedineWeekEnd)
-        scaricaInFile(testo(pagina), testo(file));
+    scaricaInFile(pagina(FileSchedine::fileSchedina(Tipo::Infrasettimanale)), fileInfrasettimanale);
+    for (const Tipo tipo : SchedineWeekEnd)
+        scaricaInFile(pagina(FileSchedine::fileSchedina(tipo)), FileSchedine::fileSchedina(tipo));
 }
 
 void AggiornamentiSito::aggiornaSchedinaDomenica() {
@@ -168,12 +156,12 @@ void AggiornamentiSito::aggiornaSchedinaDomenica() {
 }
 
 void AggiornamentiSito::aggiornaSchedinaProssimoConcorso() {
-    scaricaSchedine(u"SchedinaProssimoConcorso.txt"_s);
+    scaricaSchedine(FileSchedine::fileSchedina(Tipo::Infrasettimanale));
 }
 
 void AggiornamentiSito::aggiornaPicchetto() {
-    for (const auto &[pagina, file] : Picchetti)
-        scaricaInFile(testo(pagina), testo(file));
+    for (const Tipo tipo : Picchetti)
+        scaricaInFile(pagina(FileSchedine::filePicchetto(tipo)), FileSchedine::filePicchetto(tipo));
 }
 
 void AggiornamentiSito::aggiornaSchedine() {

@@ -22,20 +22,16 @@ public:
     static constexpr int NumeroSerie = 7;
     // The memory copies keep at most this many lines of their file.
     static constexpr int RigheClassifica = 21;
-    static constexpr int RigheQuote = 25;
 
     // Paths under the site's root.
     static constexpr const char *PaginaVersione = "/Vespara/AggVer.html";
     static constexpr const char *PaginaArchivio = "/AggiornamentiVp/ColonneTotocalcio.htm";
-    static constexpr const char *PaginaQuote = "/vespara/Quote.html";
     static constexpr const char *PaginaStagione = "/vespara/Stagione2011-12.html";
 
     // The texts of the boxes (UTF-8). The probe of the update screens, that of the quotas, and
     // that of the season update each have their own wording.
     static constexpr const char *SenzaConnessione =
         "Per utilizzare questa funzione, è necessario essere collegati ad Internet.";
-    static constexpr const char *SenzaConnessioneQuote =
-        "Per utilizzare questa funzione è necessario essere collegati ad Internet.";
     static constexpr const char *SenzaConnessioneStagione =
         "Nessuna connessione Internet attiva. Impossibile aggiornare.";
     static constexpr const char *DomandaStagione =

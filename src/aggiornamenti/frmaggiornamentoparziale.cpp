@@ -5,6 +5,7 @@
 #include "core/registroschermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
+#include "schedine/quote.h"
 
 #include <QPushButton>
 
@@ -20,9 +21,8 @@ const QList<FrmAggiornamentoParziale::Parziale> &FrmAggiornamentoParziale::tutti
          [](AggiornamentiSito &sito) { sito.ricostruisciArchivio(sito.scaricaArchivio()); },
          [](StatoProgramma &stato, AggiornamentiSito &sito) {
              if (!sito.aggiornaQuote())
-                 stato.dialoghi().critico(
-                     Dialoghi::titoloAggiornamenti(),
-                     QString::fromUtf8(AggiornamentiSito::SenzaConnessioneQuote));
+                 stato.dialoghi().critico(Dialoghi::titoloAggiornamenti(),
+                                          QString::fromUtf8(Quote::SenzaConnessione));
              if (stato.registro())
                  stato.registro()->aggiornaCruscotto();
          },

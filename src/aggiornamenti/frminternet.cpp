@@ -9,6 +9,7 @@
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
 #include "piattaforma/rete.h"
+#include "schedine/quote.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -151,7 +152,7 @@ void FrmInternet::aggiorna() {
         }
         riapriDopoModificaArchivio(stato, false);
         if (!sito.aggiornaQuote())
-            dialoghi.critico(titolo, testo(AggiornamentiSito::SenzaConnessioneQuote));
+            dialoghi.critico(titolo, testo(Quote::SenzaConnessione));
         if (registro && !stato.rete().inChiusura())
             registro->aggiornaCruscotto();
         clessidra.rilascia();

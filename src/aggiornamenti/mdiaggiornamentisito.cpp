@@ -6,6 +6,7 @@
 #include "core/registroschermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
+#include "schedine/quote.h"
 
 using namespace Qt::StringLiterals;
 
@@ -21,8 +22,7 @@ void aggiornaQuote(StatoProgramma &stato) {
     AggiornamentiSito sito(stato);
     const QString titolo = Dialoghi::titoloAggiornamenti();
     if (!sito.aggiornaQuote()) {
-        stato.dialoghi().critico(titolo,
-                                 QString::fromUtf8(AggiornamentiSito::SenzaConnessioneQuote));
+        stato.dialoghi().critico(titolo, QString::fromUtf8(Quote::SenzaConnessione));
         return;
     }
     stato.dialoghi().informazione(titolo, u"Aggiornamento effettuato."_s);

@@ -7,7 +7,6 @@
 #include "campionati/frmgestsquadre.h"
 #include "campionati/leghe.h"
 #include "core/mdiclessidra.h"
-#include "core/mdistile.h"
 #include "core/registroschermi.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghi.h"
@@ -18,12 +17,7 @@ using namespace Qt::StringLiterals;
 
 void MdiCampionati::mostraClassifica(RegistroSchermi &pannello, const char *codice) {
     pannello.stato().LegaClassifica = QString::fromLatin1(codice);
-    if (QWidget *vecchia = pannello.trovaSchermo(u"frmClassifiche"_s)) {
-        // The old table leaves the registry at once, though Qt deletes it later.
-        vecchia->setObjectName(QString());
-        MdiStile::finestraDi(vecchia)->close();
-    }
-    pannello.mostraSchermo(u"frmClassifiche"_s);
+    pannello.rimostraSchermo(u"frmClassifiche"_s);
 }
 
 void MdiCampionati::aggiornaStraniere(RegistroSchermi &pannello, const char *codice) {

@@ -8,8 +8,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The print places its heading in the printer's pixels: 300 to the inch here.
-constexpr qreal TwipsPerPixel = DispositivoDisegno::TwipsPerPollice / 300;
+// The print places its heading in the printer's dots.
+constexpr qreal TwipsPerPixel = DispositivoDisegno::TwipsPerPixelStampa;
 
 QString primaParola(const QString &nome) {
     return nome.trimmed().split(u' ').first();

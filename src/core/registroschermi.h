@@ -36,6 +36,9 @@ public:
     // Shows the screen of that name, creating it if it isn't there; a fault of the creation is
     // shown in the fault box.
     virtual void mostraSchermo(const QString &nome) = 0;
+    // Closes the open screen of that name, if there is one, and shows a new one, which reads the
+    // program state afresh (the league table of another match, say); a fault is shown as above.
+    virtual void rimostraSchermo(const QString &nome) = 0;
     // Closes every open screen but the frame, from the last opened to the first.
     virtual void chiudiSchermi() = 0;
     // The frame's caption: the program's version and the season (StatoProgramma::Stagione).

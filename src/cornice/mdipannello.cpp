@@ -536,6 +536,15 @@ void MdiPannello::mostraSchermo(const QString &nome) {
     eseguiProtetto(m_stato.dialoghi(), [&] { apriSchermo(nome); });
 }
 
+void MdiPannello::rimostraSchermo(const QString &nome) {
+    if (QWidget *vecchio = trovaSchermo(nome)) {
+        // The old screen leaves the registry at once, though Qt deletes it later.
+        vecchio->setObjectName(QString());
+        MdiStile::finestraDi(vecchio)->close();
+    }
+    mostraSchermo(nome);
+}
+
 QList<QWidget *> MdiPannello::schermiAperti() const {
     QList<QWidget *> schermi;
     const QList<QMdiSubWindow *> finestre = m_area->subWindowList(QMdiArea::CreationOrder);

@@ -39,6 +39,7 @@ public:
     QWidget *trovaSchermo(const QString &nome) const override;
     QWidget *apriSchermo(const QString &nome) override;
     void mostraSchermo(const QString &nome) override;
+    void rimostraSchermo(const QString &nome) override;
     void chiudiSchermi() override;
     QList<QWidget *> schermiAperti() const;
 

@@ -14,6 +14,7 @@
 #include "campionati/mdicampionati.h"
 #include "core/frmattendere.h"
 #include "cornice/mdipannello.h"
+#include "schedine/mdischedine.h"
 #include "stampa/frmstampa.h"
 
 #include <QApplication>
@@ -60,6 +61,7 @@ void registraSchermi(MdiPannello &pannello) {
         attesa.close();
     });
     MdiCampionati::registra(pannello);
+    MdiSchedine::registra(pannello);
     MdiAggiornamentiSito::registra(pannello);
     MdiAggiornamenti::registra(pannello);
 }

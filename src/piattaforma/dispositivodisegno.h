@@ -56,4 +56,6 @@ public:
 
     static constexpr qreal TwipsPerPollice = 1440;
     static constexpr qreal TwipsPerCentimetro = 567;
+    // The dots of the printer when a print counts in them: 300 to the inch.
+    static constexpr qreal TwipsPerPixelStampa = TwipsPerPollice / 300;
 };

@@ -1,0 +1,31 @@
+#include "piattaforma/scaricamentofile.h"
+
+#include "piattaforma/erroreesecuzione.h"
+#include "piattaforma/filedati.h"
+#include "piattaforma/rete.h"
+
+using namespace Qt::StringLiterals;
+
+QString ScaricamentoFile::pagina(Rete &rete, const QString &percorso) {
+    const Rete::Pagina pagina = rete.scarica(percorso);
+    if (pagina.esito == Rete::Esito::Annullata)
+        throw ErroreEsecuzione::interruzione();
+    // A page broken off would take the place of a good file: the update stops before it.
+    if (!pagina.intera())
+        throw ErroreEsecuzione(
+            u"La pagina %1 del sito non è arrivata per intero: l'aggiornamento si è fermato qui. "
+            "I file non ancora aggiornati sono rimasti come erano."_s.arg(percorso));
+    return Rete::togliBlank(pagina.testo);
+}
+
+void ScaricamentoFile::controllaInterruzione(const Rete &rete) {
+    if (rete.interrotta())
+        throw ErroreEsecuzione::interruzione();
+}
+
+QString ScaricamentoFile::inFile(Rete &rete, const QString &percorso, const QString &percorsoFile) {
+    const QString testo = pagina(rete, percorso);
+    controllaInterruzione(rete);
+    FileDati::scriviRighe(percorsoFile, Rete::righe(testo));
+    return testo;
+}
