@@ -97,7 +97,7 @@ void quote(const uint8_t *dati, size_t n) {
     if (valori.size() > Quote::Valori)
         difetto("le quote hanno più di 25 valori");
     for (const QString &v : valori)
-        if (v != v.trimmed())
+        if (v.startsWith(u' ') || v.endsWith(u' '))
             difetto("un valore delle quote non è ripulito dei blank");
 }
 
