@@ -385,7 +385,9 @@ void TstCornice::vociAbilitate_data() {
                              "TB(7)",
                              "TB(8)",
                              "TB(9)",
-                             "TB(10)"})
+                             "TB(10)",
+                             "mnuSistema",
+                             "TB(11)"})
         QTest::newRow(nome) << QString::fromUtf8(nome) << true;
 }
 

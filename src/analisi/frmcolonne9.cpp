@@ -5,6 +5,7 @@
 #include "core/colonna.h"
 #include "core/frmattendere.h"
 #include "core/glossario.h"
+#include "core/mdiclessidra.h"
 #include "core/mdistile.h"
 #include "core/mditastiera.h"
 #include "core/registroschermi.h"
@@ -40,15 +41,6 @@ namespace {
 
 const QString Libero = QString::fromLatin1(BancoColonne9::Libero);
 const QColor Verde(0, 128, 0);
-
-// The busy cursor for the length of a step.
-class CursoreOccupato {
-public:
-    CursoreOccupato() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~CursoreOccupato() { QApplication::restoreOverrideCursor(); }
-    CursoreOccupato(const CursoreOccupato &) = delete;
-    CursoreOccupato &operator=(const CursoreOccupato &) = delete;
-};
 
 QStringList numeri(int da, int a) {
     QStringList v;
@@ -552,7 +544,7 @@ void FrmColonne9::azzeraSegniFissi(bool abilitaCasella) {
 void FrmColonne9::avvia() {
     eseguiProtetto(m_stato.dialoghi(), [&] {
         if (!m_stato.RicalcolaColonne9 && m_stato.StatColonne9.size() == Colonne9::Numero) {
-            CursoreOccupato cursore;
+            MdiClessidra cursore;
             m_banco.carica(m_stato.StatColonne9);
             azzeraSegniFissi(true);
             m_cmdRipristina->setEnabled(true);
@@ -574,7 +566,7 @@ void FrmColonne9::avvia() {
         attesa.setIntervallo(0, Colonne9::Numero);
         attesa.show();
         QApplication::processEvents();
-        CursoreOccupato cursore;
+        MdiClessidra cursore;
         const auto statistiche = Colonne9::calcola(m_stato.ColonneArchivio, [&attesa](int fatte) {
             attesa.setValore(fatte);
             QApplication::processEvents();
@@ -592,9 +584,21 @@ void FrmColonne9::avvia() {
     });
 }
 
+void FrmColonne9::caricaSistema() {
+    MdiClessidra cursore;
+    m_banco.carica(m_stato.TabellaSistema);
+    azzeraSegniFissi(true);
+    m_cmdRipristina->setEnabled(true);
+    abilitaFiltri(true);
+    m_chkFiltra->setEnabled(true);
+    m_cmdAvvia->setEnabled(false);
+    aggiornaTotale();
+    mostraOrdine();
+}
+
 void FrmColonne9::ripristina() {
     eseguiProtetto(m_stato.dialoghi(), [&] {
-        CursoreOccupato cursore;
+        MdiClessidra cursore;
         m_banco.carica(m_stato.StatColonne9);
         azzeraSegniFissi(false);
         m_chkFiltra->setEnabled(true);
@@ -617,7 +621,7 @@ void FrmColonne9::passo(const std::function<BancoColonne9::Esito()> &azione) {
         QApplication::processEvents();
         BancoColonne9::Esito esito;
         {
-            CursoreOccupato cursore;
+            MdiClessidra cursore;
             esito = azione();
         }
         mostraOrdine();

@@ -29,6 +29,10 @@ public:
 
     BancoColonne9 &banco() { return m_banco; }
 
+    // The integral system the generator left in TabellaSistema replaces the grid, and the
+    // filters take it on as they take the universe.
+    Q_INVOKABLE void caricaSistema();
+
 protected:
     bool eventFilter(QObject *oggetto, QEvent *evento) override;
 

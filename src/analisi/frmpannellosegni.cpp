@@ -145,7 +145,13 @@ FrmPannelloSegni::FrmPannelloSegni(StatoProgramma &stato, QWidget *genitore)
     vistaCinquine->setMaximumWidth(vistaTerzine->width() + 16 + 260);
 }
 
-FrmPannelloSegni::~FrmPannelloSegni() = default;
+FrmPannelloSegni::~FrmPannelloSegni() {
+    // The marks die with the panel, and so do the groups of the system generator, which must
+    // stay in step with them. While the frame closes there is nobody left to tell.
+    m_stato.TerzineSistema = {};
+    if (m_stato.registro())
+        m_stato.registro()->avvisaSchermo(u"frmSistema"_s, "mostraTerzine");
+}
 
 VistaGriglia *FrmPannelloSegni::creaVista(const QString &nome, Griglia *griglia) {
     auto *vista = new VistaGriglia(this);
@@ -167,9 +173,19 @@ VistaGriglia *FrmPannelloSegni::creaVista(const QString &nome, Griglia *griglia)
 void FrmPannelloSegni::clicTerzine(int riga, int colonna) {
     eseguiProtetto(m_stato.dialoghi(), [&] {
         const SelezioneTerzine::Risultato r = m_selezione.clic(riga, colonna);
-        // The generator of systems is where the chosen terzine go.
-        if (r.esito == SelezioneTerzine::Esito::Aggiunta && m_stato.registro())
-            m_stato.registro()->mostraSchermo(u"frmSistema"_s);
+        if (r.esito == SelezioneTerzine::Esito::Nulla)
+            return;
+        // The generator of systems is where the chosen terzine go: an addition shows it, every
+        // change reaches its grids and brings it in front of the panel.
+        for (int g = 0; g < SelezioneTerzine::Gruppi; ++g)
+            m_stato.TerzineSistema[std::size_t(g)] = m_selezione.terzine(g + 1);
+        RegistroSchermi *registro = m_stato.registro();
+        if (!registro)
+            return;
+        if (r.esito == SelezioneTerzine::Esito::Aggiunta ||
+            registro->trovaSchermo(u"frmSistema"_s))
+            registro->mostraSchermo(u"frmSistema"_s);
+        registro->avvisaSchermo(u"frmSistema"_s, "mostraTerzine");
     });
 }
 

@@ -39,6 +39,10 @@ public:
     // Closes the open screen of that name, if there is one, and shows a new one, which reads the
     // program state afresh (the league table of another match, say); a fault is shown as above.
     virtual void rimostraSchermo(const QString &nome) = 0;
+    // Tells the open screen of that name, if there is one, to run its invokable method `metodo`
+    // (a screen of another subsystem reads what changed from the program state); false when
+    // no such screen is open or it has no such method.
+    virtual bool avvisaSchermo(const QString &nome, const char *metodo) = 0;
     // Closes every open screen but the frame, from the last opened to the first.
     virtual void chiudiSchermi() = 0;
     // The frame's caption: the program's version and the season (StatoProgramma::Stagione).

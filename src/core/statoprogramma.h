@@ -67,6 +67,12 @@ public:
     // The master table of the columns of the 9: column, Freq., Rit. (as the grid shows them),
     // kept while the program runs so that reopening the workspace costs nothing.
     QList<std::array<QString, 3>> StatColonne9;
+    // The terzine chosen in the signs panel for the three groups of the integral system, in the
+    // order the generator's grids show them; the panel writes them, the generator reads them.
+    std::array<QStringList, 3> TerzineSistema;
+    // TabellaSistema: the system handed to the workspace of the 9, row i - 1 for row i (the
+    // nine signs, Freq., Rit.).
+    QList<std::array<QString, 3>> TabellaSistema;
     // The season text of anno.txt.
     QString Stagione;
     // Team lists by league code (LegaClassifica).

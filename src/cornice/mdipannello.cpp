@@ -65,6 +65,7 @@ constexpr VoceMenu Menu[] = {
     {"mnuFunzioni", "&Funzioni", "", Tipo::Sottomenu, ""},
     {"mnuPannelloSegni", "Le &Terzine e La cinquina", "mnuFunzioni", Tipo::Voce,
      "frmPannelloSegni"},
+    {"mnuSistema", "Sviluppo siste&ma integrale", "mnuFunzioni", Tipo::Voce, "frmSistema"},
     {"mnuCinquineMai", "Le &Cinquine mai uscite", "mnuFunzioni", Tipo::Voce, "frmCinquineMai"},
     {"mnuDettagliCV", "&Dettagli ultima CV", "mnuFunzioni", Tipo::Voce, "frmDettagliUltimaCV"},
     {"mnuAnalisi9", "&Analisi del \"9\"", "mnuFunzioni", Tipo::Voce, "frmColonne9"},
@@ -147,6 +148,7 @@ constexpr PulsanteBarra Barra[] = {
     {2, "Schedine", "Le tre schedine", "1X2", 0x1565c0, ""},
     {3, "Quote", "Le Quote", "€", 0xef6c00, "frmQuote"},
     {4, "Analisi 9", "Analisi del \"9\"", "9", 0x6a1b9a, "frmColonne9"},
+    {11, "Sistema", "Sviluppo sistema integrale", "3³", 0xad1457, "frmSistema"},
     {5, "Statistica", "Statistica dei 14 segni", "14", 0x00838f, "frmStatSegni"},
     {6, "Squadre", "Gestisci squadre", "Sq", 0x558b2f, "frmGestSquadre"},
     {7, "Messaggio", "Invia un messaggio", "@", 0x5d4037, ""},
@@ -543,6 +545,11 @@ void MdiPannello::rimostraSchermo(const QString &nome) {
         MdiStile::finestraDi(vecchio)->close();
     }
     mostraSchermo(nome);
+}
+
+bool MdiPannello::avvisaSchermo(const QString &nome, const char *metodo) {
+    QWidget *schermo = trovaSchermo(nome);
+    return schermo && QMetaObject::invokeMethod(schermo, metodo);
 }
 
 QList<QWidget *> MdiPannello::schermiAperti() const {

@@ -40,6 +40,7 @@ public:
     QWidget *apriSchermo(const QString &nome) override;
     void mostraSchermo(const QString &nome) override;
     void rimostraSchermo(const QString &nome) override;
+    bool avvisaSchermo(const QString &nome, const char *metodo) override;
     void chiudiSchermi() override;
     QList<QWidget *> schermiAperti() const;
 

@@ -8,6 +8,7 @@
 #include "schedine/frmaggmanual.h"
 #include "schedine/frmquote.h"
 #include "schedine/frmschedina.h"
+#include "schedine/frmsistema.h"
 #include "schedine/schedinasettimana.h"
 
 #include <QWidget>
@@ -54,5 +55,8 @@ void MdiSchedine::registra(RegistroSchermi &pannello) {
     });
     pannello.registraSchermo(u"frmQuote"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmQuote(stato);
+    });
+    pannello.registraSchermo(u"frmSistema"_s, [](StatoProgramma &stato, RegistroSchermi &) {
+        return new FrmSistema(stato);
     });
 }
