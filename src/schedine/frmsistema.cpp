@@ -36,6 +36,7 @@ FrmSistema::FrmSistema(StatoProgramma &stato, QWidget *genitore)
     auto *lblIstruzioni = new QLabel(u"Seleziona le terzine nel pannello delle Terzine."_s, this);
     lblIstruzioni->setObjectName(u"lblIstruzioni"_s);
     MdiStile::grassetto(lblIstruzioni);
+    lblIstruzioni->setWordWrap(true);
 
     auto *gruppi = new QGridLayout;
     gruppi->setHorizontalSpacing(10);
@@ -85,9 +86,7 @@ FrmSistema::FrmSistema(StatoProgramma &stato, QWidget *genitore)
     m_lstSistema->setUniformItemSizes(true);
     m_lstSistema->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_lstSistema->setToolTip(u"Le colonne generate, una per riga: le tre terzine unite da \"-\""_s);
-    // As wide as a column of the system and the count under it, no wider.
-    m_lstSistema->setFixedWidth(
-        std::max(m_lstSistema->fontMetrics().horizontalAdvance(u"XXX-XXX-XXX"_s) + 48, 170));
+    m_lstSistema->setMinimumHeight(m_lstSistema->fontMetrics().height() * 6);
 
     auto *lblColonne = new QLabel(u"Colonne generate"_s, this);
     lblColonne->setObjectName(u"lblColonne"_s);
@@ -100,24 +99,17 @@ FrmSistema::FrmSistema(StatoProgramma &stato, QWidget *genitore)
     totale->addWidget(m_lblTot);
     totale->addStretch();
 
-    auto *sinistra = new QVBoxLayout;
-    sinistra->addLayout(gruppi);
-    sinistra->addSpacing(6);
-    sinistra->addWidget(cmdGenera);
-    sinistra->addWidget(cmdTrasferisci);
-    sinistra->addStretch();
-    auto *destra = new QVBoxLayout;
-    destra->addWidget(m_lstSistema, 1);
-    destra->addLayout(totale);
-    auto *corpo = new QHBoxLayout;
-    corpo->setSpacing(12);
-    corpo->addLayout(sinistra);
-    corpo->addLayout(destra);
-
+    // One narrow column, so that it leaves most of the signs panel in sight even on a small
+    // screen.
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(10, 10, 10, 10);
     layout->addWidget(lblIstruzioni);
-    layout->addLayout(corpo);
+    layout->addLayout(gruppi);
+    layout->addSpacing(4);
+    layout->addWidget(cmdGenera);
+    layout->addWidget(cmdTrasferisci);
+    layout->addWidget(m_lstSistema, 1);
+    layout->addLayout(totale);
 
     mostraTerzine();
     // The terzine are chosen in the signs panel: it opens with this screen.
