@@ -4,6 +4,8 @@
 #include "core/glossario.h"
 #include "core/numeritesto.h"
 
+#include <QSet>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -320,6 +322,22 @@ void BancoColonne9::terzineOmogenee() {
     filtra([&omogenee](const QString &c, const QString &,
                        const QString &) { return omogenee.contains(c); },
            FormaPosizione::Numero);
+}
+
+void BancoColonne9::tieni(const QList<int> &indici) {
+    istantanea();
+    const QSet<int> tenute(indici.cbegin(), indici.cend());
+    filtra([&tenute](const QString &c, const QString &,
+                     const QString &) { return tenute.contains(Colonne9::indice(c)); },
+           FormaPosizione::Numero);
+}
+
+QList<int> BancoColonne9::indici() const {
+    QList<int> v;
+    v.reserve(totale());
+    for (int r = 1; r < m_griglia.righe(); ++r)
+        v.append(Colonne9::indice(m_griglia.testo(r, 1)));
+    return v;
 }
 
 BancoColonne9::Esito BancoColonne9::consecutivi(const QString &segno, const QString &consecutivi,

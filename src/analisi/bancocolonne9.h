@@ -60,6 +60,10 @@ public:
     Esito eliminaFrequenza(const QString &cifra);   // cmdFreq
     void eliminaMaiUscite();                        // cmdEliminaMaiUscite
     void terzineOmogenee();                         // cmdTerzineOmogenee
+    // The reduction with a guarantee: only the columns of the grid whose indices are kept stay.
+    void tieni(const QList<int> &indici);
+    // The indices of the columns in the grid, top to bottom.
+    QList<int> indici() const;
     // `segno` is the chosen option ("1", "X", "2") or empty when none is chosen.
     Esito consecutivi(const QString &segno, const QString &consecutivi,
                       const QString &presenze); // cmdCons
