@@ -4,8 +4,6 @@
 #include "core/glossario.h"
 #include "core/numeritesto.h"
 
-#include <QSet>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -13,11 +11,6 @@ namespace {
 constexpr int RigheUniverso = Colonne9::Numero + 1;
 constexpr std::array<int, BancoColonne9::Colonne> Larghezze{750, 1500, 600, 600};
 constexpr auto Sinistra = Griglia::Allineamento::SinistraCentro;
-
-// Mid(c, p, 1): the character at position p (from 1), or an empty text beyond the end.
-QStringView carattere(const QString &c, int p) {
-    return p >= 1 && p <= c.size() ? QStringView(c).mid(p - 1, 1) : QStringView();
-}
 
 QString testoPosizione(int i, BancoColonne9::FormaPosizione forma) {
     return forma == BancoColonne9::FormaPosizione::Parentesi ? QString::number(i) + u')'
@@ -89,6 +82,17 @@ void BancoColonne9::carica(const QList<Colonne9::Statistica> &statistiche) {
     }
     m_ordinamento.setOrdine(std::nullopt);
     liberaSegni();
+    m_catena.clear();
+}
+
+void BancoColonne9::caricaSistema(const QList<Colonne9::Statistica> &sistema) {
+    carica(sistema);
+    QList<int> indici;
+    indici.reserve(sistema.size());
+    for (const Colonne9::Statistica &s : sistema)
+        indici.append(Colonne9::indice(s[0]));
+    m_catena.append(
+        PassoFiltro::insieme(indici, u"Sistema integrale di %1 colonne"_s.arg(sistema.size())));
 }
 
 void BancoColonne9::scriviIntestazioni() {
@@ -110,6 +114,7 @@ void BancoColonne9::istantanea() {
     m_righeIstantanea = int(m_istantanea.size());
     m_conIstantanea = true;
     m_ordineIstantanea = m_ordinamento.ordine();
+    m_catenaIstantanea = m_catena;
 }
 
 void BancoColonne9::annulla() {
@@ -121,19 +126,21 @@ void BancoColonne9::annulla() {
         for (int c = 0; c < Colonne; ++c)
             m_griglia.setTesto(i, c, m_istantanea.at(i - 1)[c]);
     m_ordinamento.setOrdine(m_ordineIstantanea);
+    m_catena = m_catenaIstantanea;
 }
 
-void BancoColonne9::filtra(const Regola &resta, FormaPosizione forma) {
+void BancoColonne9::filtra(const PassoFiltro &passo, FormaPosizione forma) {
     QList<std::array<QString, Colonne>> tenute;
     tenute.reserve(totale());
     for (int r = 1; r < m_griglia.righe(); ++r) {
         const QString c = m_griglia.testo(r, 1);
         const QString freq = m_griglia.testo(r, 2);
         const QString rit = m_griglia.testo(r, 3);
-        if (resta(c, freq, rit))
+        if (passo.resta({c, freq, rit}))
             tenute.append({QString(), c, freq, rit});
     }
     riscrivi(tenute, forma, true);
+    m_catena.append(passo);
 }
 
 void BancoColonne9::riscrivi(const QList<std::array<QString, Colonne>> &righe, FormaPosizione forma,
@@ -173,50 +180,6 @@ int BancoColonne9::valore(const QString &testo) {
     return int(std::clamp<qint64>(NumeriTesto::valore(testo), -1000000000, 1000000000));
 }
 
-bool BancoColonne9::haFormula(const QString &c, int uno, int x, int due) {
-    return Colonna::segniNove(c) == std::array<int, 3>{uno, x, due};
-}
-
-int BancoColonne9::contaSegno(const QString &c, const QString &segno) {
-    int n = 0;
-    for (int k = 1; k <= 9; ++k)
-        n += carattere(c, k) == segno;
-    return n;
-}
-
-bool BancoColonne9::segniDiversiIn(const QString &c, int terzina) {
-    static const QStringList diverse{u"1X2"_s, u"12X"_s, u"X21"_s, u"X12"_s, u"21X"_s, u"2X1"_s};
-    const auto diversa = [&c](int t) { return diverse.contains(c.mid(3 * (t - 1), 3)); };
-    if (terzina >= 1 && terzina <= 3)
-        return diversa(terzina);
-    return diversa(1) && diversa(2) && diversa(3);
-}
-
-bool BancoColonne9::frequenzaConCifra(const QString &freq, const QString &cifra) {
-    // Digit by digit, the leading blank included: "1" finds 1, 10, 21 alike.
-    for (int k = 1; k <= 9; ++k)
-        if (carattere(freq, k) == cifra)
-            return true;
-    return false;
-}
-
-bool BancoColonne9::marcataConsecutivi(const QString &c, const QString &segno,
-                                       const QString &modello) {
-    if (modello.isEmpty())
-        return false;
-    const int lunghezza = int(modello.size());
-    if (segno == u"1"_s) {
-        // Any run of "1" as long as the pattern or longer: the tail of a long run matches too.
-        for (int k = 1; k <= 8; ++k)
-            if (c.mid(k - 1, lunghezza) == modello && carattere(c, k + lunghezza) != u"1"_s)
-                return true;
-        return false;
-    }
-    // "X" and "2": only the first run as long as the pattern decides.
-    const qsizetype p = c.indexOf(modello);
-    return p >= 0 && carattere(c, int(p) + 1 + lunghezza) != segno;
-}
-
 BancoColonne9::Esito BancoColonne9::formula(const QString &uno, const QString &x,
                                             const QString &due) {
     // The snapshot comes before the check: a refused formula still replaces it.
@@ -225,9 +188,7 @@ BancoColonne9::Esito BancoColonne9::formula(const QString &uno, const QString &x
     if (v1 + vx + v2 != 9)
         return Messaggio{Dialoghi::Tipo::Informazione,
                          u"La formula inserita è inesatta. La somma dei segni deve essere 9."_s};
-    filtra([=](const QString &c, const QString &,
-               const QString &) { return haFormula(c, v1, vx, v2); },
-           FormaPosizione::Numero);
+    filtra(PassoFiltro::formula(v1, vx, v2), FormaPosizione::Numero);
     return std::nullopt;
 }
 
@@ -249,9 +210,7 @@ BancoColonne9::Esito BancoColonne9::segnoFisso(const QString &posizione, const Q
         return Messaggio{Dialoghi::Tipo::Informazione,
                          u"La posizione "_s + posizione + u" è già stata utilizzata."_s};
     casella = segno;
-    filtra([pos, &maiuscolo](const QString &c, const QString &,
-                             const QString &) { return carattere(c, pos) == maiuscolo; },
-           FormaPosizione::Parentesi);
+    filtra(PassoFiltro::segnoFisso(pos, maiuscolo), FormaPosizione::Parentesi);
     return std::nullopt;
 }
 
@@ -259,27 +218,18 @@ BancoColonne9::Esito BancoColonne9::conteggio(const QString &segno, const QStrin
     if (segno == QLatin1StringView(Libero) && presenze == QLatin1StringView(Libero))
         return controllare();
     istantanea();
-    const QString s = segno.toUpper();
-    const int volte = valore(presenze);
-    filtra([&s, volte](const QString &c, const QString &,
-                       const QString &) { return contaSegno(c, s) == volte; },
-           FormaPosizione::Numero);
+    filtra(PassoFiltro::conteggio(segno, valore(presenze)), FormaPosizione::Numero);
     return std::nullopt;
 }
 
 void BancoColonne9::segniDiversi(int terzina) {
     istantanea();
-    filtra([terzina](const QString &c, const QString &,
-                     const QString &) { return segniDiversiIn(c, terzina); },
-           FormaPosizione::Numero);
+    filtra(PassoFiltro::segniDiversi(terzina), FormaPosizione::Numero);
 }
 
 void BancoColonne9::eliminaSegno(const QString &segno) {
     istantanea();
-    const QString s = segno.toUpper();
-    filtra(
-        [&s](const QString &c, const QString &, const QString &) { return contaSegno(c, s) == 0; },
-        FormaPosizione::Numero);
+    filtra(PassoFiltro::eliminaSegno(segno), FormaPosizione::Numero);
 }
 
 BancoColonne9::Esito BancoColonne9::eliminaInCasella(const QString &segno,
@@ -293,10 +243,7 @@ BancoColonne9::Esito BancoColonne9::eliminaInCasella(const QString &segno,
     if (pos < 1)
         return controllare();
     istantanea();
-    const QString s = segno.toUpper();
-    filtra([pos, &s](const QString &c, const QString &,
-                     const QString &) { return carattere(c, pos) != s; },
-           FormaPosizione::Numero);
+    filtra(PassoFiltro::eliminaInCasella(segno, pos), FormaPosizione::Numero);
     return std::nullopt;
 }
 
@@ -304,32 +251,23 @@ BancoColonne9::Esito BancoColonne9::eliminaFrequenza(const QString &cifra) {
     if (cifra.isEmpty())
         return controllare();
     istantanea();
-    filtra([&cifra](const QString &, const QString &freq,
-                    const QString &) { return !frequenzaConCifra(freq, cifra); },
-           FormaPosizione::Numero);
+    filtra(PassoFiltro::eliminaFrequenza(cifra), FormaPosizione::Numero);
     return std::nullopt;
 }
 
 void BancoColonne9::eliminaMaiUscite() {
     istantanea();
-    filtra([](const QString &, const QString &, const QString &rit) { return rit != u"-"_s; },
-           FormaPosizione::Numero);
+    filtra(PassoFiltro::eliminaMaiUscite(), FormaPosizione::Numero);
 }
 
 void BancoColonne9::terzineOmogenee() {
     istantanea();
-    const QStringList &omogenee = Colonne9::terzineOmogenee();
-    filtra([&omogenee](const QString &c, const QString &,
-                       const QString &) { return omogenee.contains(c); },
-           FormaPosizione::Numero);
+    filtra(PassoFiltro::terzineOmogenee(), FormaPosizione::Numero);
 }
 
-void BancoColonne9::tieni(const QList<int> &indici) {
+void BancoColonne9::tieni(const QList<int> &indici, const QString &descrizione) {
     istantanea();
-    const QSet<int> tenute(indici.cbegin(), indici.cend());
-    filtra([&tenute](const QString &c, const QString &,
-                     const QString &) { return tenute.contains(Colonne9::indice(c)); },
-           FormaPosizione::Numero);
+    filtra(PassoFiltro::insieme(indici, descrizione), FormaPosizione::Numero);
 }
 
 QList<int> BancoColonne9::indici() const {
@@ -350,29 +288,28 @@ BancoColonne9::Esito BancoColonne9::consecutivi(const QString &segno, const QStr
     if (consecutivi == QLatin1StringView(Libero) || presenze == QLatin1StringView(Libero))
         return controllare();
     istantanea();
-    // A run longer than the nine signs matches nothing, whatever its length: one sign beyond
-    // them gives the same answer without building a pattern of a typed 999999999.
-    const QString modello = segno.repeated(std::clamp(valore(consecutivi), 0, 10));
+    const int lunghezza = valore(consecutivi);
     if (presenze != u"0"_s) {
-        const int p = valore(presenze);
-        const int obiettivo = (p == 0 || p == 1) ? 1 : p;
-        filtra(
-            [&modello, obiettivo](const QString &c, const QString &, const QString &) {
-                const Colonne9::Presenze r = Colonne9::countOccurrences(c, modello);
-                return r.esito && r.conta == obiettivo;
-            },
-            FormaPosizione::Numero);
+        filtra(PassoFiltro::consecutivi(segno, lunghezza, valore(presenze)),
+               FormaPosizione::Numero);
         return std::nullopt;
     }
+    // The delete form takes the marked rows out where they stand.
+    const PassoFiltro passo = PassoFiltro::consecutiviElimina(segno, lunghezza);
     QList<int> marcate;
-    for (int r = 1; r < m_griglia.righe(); ++r)
-        if (marcataConsecutivi(m_griglia.testo(r, 1), segno, modello))
+    for (int r = 1; r < m_griglia.righe(); ++r) {
+        const QString c = m_griglia.testo(r, 1);
+        const QString freq = m_griglia.testo(r, 2);
+        const QString rit = m_griglia.testo(r, 3);
+        if (!passo.resta({c, freq, rit}))
             marcate.append(r);
+    }
     {
         const auto blocco = m_griglia.inBlocco();
         m_griglia.rimuoviRighe(marcate);
         numera(FormaPosizione::Parentesi);
     }
+    m_catena.append(passo);
     return std::nullopt;
 }
 

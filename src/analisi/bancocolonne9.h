@@ -1,6 +1,7 @@
 #pragma once
 
 #include "analisi/colonne9.h"
+#include "analisi/passofiltro.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/griglia.h"
 #include "piattaforma/ordinealternato.h"
@@ -41,6 +42,12 @@ public:
     // The universe from StatColonne9 ("Inizializzazione" and "Ripristina tutto"); the fixed-sign
     // boxes are freed, the snapshot is kept.
     void carica(const QList<Colonne9::Statistica> &statistiche);
+    // An integral system in place of the universe: its columns are the first step of the chain.
+    void caricaSistema(const QList<Colonne9::Statistica> &sistema);
+
+    // The steps applied since the universe or the system was loaded, in their order; the undo
+    // brings back the chain of its snapshot.
+    const CatenaFiltri &catena() const { return m_catena; }
 
     // The snapshot of the grid as it stands (one level), and its restoring (cmdPrec).
     void istantanea();
@@ -60,8 +67,9 @@ public:
     Esito eliminaFrequenza(const QString &cifra);   // cmdFreq
     void eliminaMaiUscite();                        // cmdEliminaMaiUscite
     void terzineOmogenee();                         // cmdTerzineOmogenee
-    // The reduction with a guarantee: only the columns of the grid whose indices are kept stay.
-    void tieni(const QList<int> &indici);
+    // Only the columns of the given indices stay (a reduction with a guarantee); `descrizione`
+    // names the step in the chain.
+    void tieni(const QList<int> &indici, const QString &descrizione);
     // The indices of the columns in the grid, top to bottom.
     QList<int> indici() const;
     // `segno` is the chosen option ("1", "X", "2") or empty when none is chosen.
@@ -88,17 +96,10 @@ public:
     // text without a number are 0.
     static int valore(const QString &testo);
 
-    // The rules, one row at a time (c: the column, Freq., Rit.: as the cells hold them).
-    static bool haFormula(const QString &c, int uno, int x, int due);
-    static int contaSegno(const QString &c, const QString &segno);
-    static bool segniDiversiIn(const QString &c, int terzina);
-    static bool frequenzaConCifra(const QString &freq, const QString &cifra);
-    static bool marcataConsecutivi(const QString &c, const QString &segno, const QString &modello);
-
 private:
-    using Regola = std::function<bool(const QString &c, const QString &freq, const QString &rit)>;
-    // Walks the rows in their order, keeps those the rule allows and writes them back.
-    void filtra(const Regola &resta, FormaPosizione forma);
+    // Walks the rows in their order, keeps those the step allows, writes them back and adds the
+    // step to the chain.
+    void filtra(const PassoFiltro &passo, FormaPosizione forma);
     void riscrivi(const QList<std::array<QString, Colonne>> &righe, FormaPosizione forma,
                   bool conPosizione);
     void numera(FormaPosizione forma);
@@ -113,4 +114,6 @@ private:
     std::array<QString, 9> m_segniFissi;
     OrdineAlternato m_ordinamento;
     std::optional<Ordine> m_ordineIstantanea;
+    CatenaFiltri m_catena;
+    CatenaFiltri m_catenaIstantanea;
 };

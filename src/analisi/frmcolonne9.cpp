@@ -392,7 +392,7 @@ QWidget *FrmColonne9::creaEliminazioni() {
             [this] { passo([this] { return m_banco.eliminaFrequenza(m_cmbFreq->text()); }); });
     MdiTastiera::pulsantePredefinito(m_cmbFreq, cmdFreq);
     auto *conFrequenza = etichetta(u"Con frequenza"_s);
-    // Digit by digit, as BancoColonne9::frequenzaConCifra compares them.
+    // Digit by digit, as the step compares them.
     const QString cifra = u"Elimina le colonne nella cui frequenza (Freq.) compare questa cifra: "
                           "con 1 vanno via 1, 10, 21 e così via."_s;
     conFrequenza->setToolTip(cifra);
@@ -586,7 +586,7 @@ void FrmColonne9::avvia() {
 
 void FrmColonne9::caricaSistema() {
     MdiClessidra cursore;
-    m_banco.carica(m_stato.TabellaSistema);
+    m_banco.caricaSistema(m_stato.TabellaSistema);
     azzeraSegniFissi(true);
     m_cmdRipristina->setEnabled(true);
     abilitaFiltri(true);
