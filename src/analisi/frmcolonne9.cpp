@@ -1,6 +1,7 @@
 #include "analisi/frmcolonne9.h"
 
 #include "analisi/colonne9.h"
+#include "analisi/frmverificastorica.h"
 #include "analisi/stampacolonne9.h"
 #include "core/colonna.h"
 #include "core/frmattendere.h"
@@ -504,12 +505,23 @@ QWidget *FrmColonne9::creaRicerca() {
         p->setIcon(style()->standardIcon(QStyle::SP_FileDialogDetailedView));
         p->setCursor(Qt::PointingHandCursor);
     }
+
+    // Beyond the filters: how the chain did in the past.
+    auto *cmdVerifica = pulsante(u"cmdVerificaStorica"_s, u"Verifica storica…"_s);
+    cmdVerifica->setToolTip(u"Rifà i filtri applicati sui concorsi passati: quante volte "
+                            "avrebbero tenuto la colonna vincente, e con quante colonne"_s);
+    connect(cmdVerifica, &QPushButton::clicked, this, [this] { verificaStorica(); });
+    m_filtri.append(cmdVerifica);
+
     auto *contenitore = new QWidget(this);
     auto *lc = new QVBoxLayout(contenitore);
     lc->setContentsMargins(0, 0, 0, 0);
     lc->addWidget(g);
     lc->addWidget(imgStampa);
     lc->addWidget(imgStampaSchedine);
+    auto *oltre = new QHBoxLayout;
+    oltre->addWidget(cmdVerifica);
+    lc->addLayout(oltre);
     return contenitore;
 }
 
@@ -721,6 +733,16 @@ void FrmColonne9::esporta() {
                                        EsportazioneExcel::oggi());
         if (m_stato.registro())
             m_stato.registro()->apriMenuGriglie(QCursor::pos());
+    });
+}
+
+void FrmColonne9::verificaStorica() {
+    eseguiProtetto(m_stato.dialoghi(), [&] {
+        if (!m_stato.registro())
+            return;
+        if (auto *schermo = qobject_cast<FrmVerificaStorica *>(
+                m_stato.registro()->apriSchermo(u"frmVerificaStorica"_s)))
+            schermo->consegna(m_banco.catena());
     });
 }
 

@@ -60,6 +60,8 @@ private:
     // imgStampaSchedine: the grid's columns go to the slip printer.
     void stampaSchedine();
     void esporta();
+    // The historical check of the chain of filters applied, in its own screen.
+    void verificaStorica();
     // Runs one filter step: the busy cursor, the box it answers with, the count, the undo.
     void passo(const std::function<BancoColonne9::Esito()> &azione);
     void aggiornaTotale();

@@ -8,6 +8,7 @@
 #include "analisi/frmformule.h"
 #include "analisi/frmpannellosegni.h"
 #include "analisi/frmstatsegni.h"
+#include "analisi/frmverificastorica.h"
 #include "archivio/frmarchivio.h"
 #include "archivio/frmgestione.h"
 #include "archivio/frminserisci.h"
@@ -27,6 +28,9 @@ void registraSchermi(MdiPannello &pannello) {
     });
     pannello.registraSchermo(u"frmColonne9"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmColonne9(stato);
+    });
+    pannello.registraSchermo(u"frmVerificaStorica"_s, [](StatoProgramma &stato, RegistroSchermi &) {
+        return new FrmVerificaStorica(stato);
     });
     pannello.registraSchermo(u"frmStatSegni"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmStatSegni(stato);
