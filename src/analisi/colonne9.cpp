@@ -35,19 +35,30 @@ Colonne9::Statistica statistica(const QString &colonna, int frequenza, int ritar
 
 } // namespace
 
+int Colonne9::Conteggi::aggiungi(const ArchivioColonne &archivio, int j) {
+    // Only a column of the 9 made of nine upper-case signs can equal one of the list.
+    const int i = indice(QStringView(archivio.colonna(j - 1)).left(9));
+    if (i >= 0) {
+        ++frequenza[std::size_t(i)];
+        ultimo[std::size_t(i)] = j;
+    }
+    return i;
+}
+
+Colonne9::Conteggi Colonne9::conta(const ArchivioColonne &archivio, int fino) {
+    Conteggi c;
+    const int n = fino < 0 ? archivio.numero() : std::min(fino, archivio.numero());
+    for (int j = 1; j <= n; ++j)
+        c.aggiungi(archivio, j);
+    return c;
+}
+
 QList<Colonne9::Statistica> Colonne9::calcola(const ArchivioColonne &archivio,
                                               const std::function<void(int)> &avanzamento) {
     const int n = archivio.numero();
-    std::vector<int> frequenza(Numero, 0);
-    std::vector<int> ultimo(Numero, 0);
-    for (int j = 1; j <= n; ++j) {
-        // Only a column of the 9 made of nine upper-case signs can equal one of the list.
-        const int i = indice(QStringView(archivio.colonna(j - 1)).left(9));
-        if (i >= 0) {
-            ++frequenza[i];
-            ultimo[i] = j;
-        }
-    }
+    const Conteggi conteggi = conta(archivio);
+    const std::vector<int> &frequenza = conteggi.frequenza;
+    const std::vector<int> &ultimo = conteggi.ultimo;
     QList<Statistica> tabella;
     tabella.reserve(Numero);
     const QStringList &colonne = elenco();

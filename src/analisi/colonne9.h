@@ -6,6 +6,7 @@
 
 #include <array>
 #include <functional>
+#include <vector>
 
 // The columns of the 9: the 19683 combinations of the first nine signs of the coupon, and their
 // figures in the archive.
@@ -24,6 +25,18 @@ public:
 
     // A counter as the grid shows it: the number with a sign place, " 0", " 12".
     static QString testoNumero(int n);
+
+    // How often each column came out and the contest (from 1) it came out in last, 0 for never:
+    // one pass over contests in their order, by index.
+    struct Conteggi {
+        std::vector<int> frequenza = std::vector<int>(Numero, 0);
+        std::vector<int> ultimo = std::vector<int>(Numero, 0);
+        // Counts contest j of the archive; its column's index, or -1 when its first nine
+        // characters are not nine upper-case signs (such a contest counts for no column).
+        int aggiungi(const ArchivioColonne &archivio, int j);
+    };
+    // The contests 1 to `fino` (all when negative).
+    static Conteggi conta(const ArchivioColonne &archivio, int fino = -1);
 
     // Freq. and Rit. of every column against the whole archive, in one pass by index. The
     // progress callback, if given, is told how many columns are done (up to Numero).

@@ -49,27 +49,17 @@ VerificaStorica::esegui(const ArchivioColonne &archivio, const CatenaFiltri &cat
         numeri.append(Colonne9::testoNumero(v));
     const QString maiUscita = u"-"_s;
 
-    const auto indiceDi = [&archivio](int j) {
-        return Colonne9::indice(QStringView(archivio.colonna(j - 1)).left(9));
-    };
-    std::vector<int> frequenza(Colonne9::Numero, 0);
-    std::vector<int> ultimo(Colonne9::Numero, 0);
-    const auto registra = [&](int j) {
-        if (const int i = indiceDi(j); i >= 0) {
-            ++frequenza[std::size_t(i)];
-            ultimo[std::size_t(i)] = j;
-        }
-    };
     const int primo = n - k + 1;
-    for (int j = 1; j < primo; ++j)
-        registra(j);
+    Colonne9::Conteggi conteggi = Colonne9::conta(archivio, primo - 1);
+    const std::vector<int> &frequenza = conteggi.frequenza;
+    const std::vector<int> &ultimo = conteggi.ultimo;
 
     qint64 sommaTenute = 0;
     esito.concorsi.reserve(k);
     for (int j = primo; j <= n; ++j) {
         // The universe as it stood before contest j: its history is contests 1 to j - 1.
         const int storia = j - 1;
-        const int vincente = indiceDi(j);
+        const int vincente = Colonne9::indice(QStringView(archivio.colonna(j - 1)).left(9));
         Concorso c;
         c.progressivo = j;
         c.stagione = archivio.campo(j - 1, ArchivioColonne::Stagione);
@@ -101,7 +91,7 @@ VerificaStorica::esegui(const ArchivioColonne &archivio, const CatenaFiltri &cat
         sommaTenute += c.tenute;
         esito.prese += c.presa;
         esito.concorsi.append(c);
-        registra(j);
+        conteggi.aggiungi(archivio, j);
         const int fatti = j - primo + 1;
         if (avanzamento && (fatti % 5 == 0 || fatti == k) && !avanzamento(fatti, k)) {
             esito.annullata = true;

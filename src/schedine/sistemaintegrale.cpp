@@ -69,13 +69,9 @@ QList<SistemaIntegrale::Riga> SistemaIntegrale::tabella(const QStringList &righe
 
     // One pass over the archive: how often each column of the 9 came out, and when last.
     const int n = archivio.numero();
-    std::vector<int> frequenza(Colonne9::Numero, 0);
-    std::vector<int> ultimo(Colonne9::Numero, 0);
-    for (int j = 1; j <= n; ++j)
-        if (const int k = Colonne9::indice(QStringView(archivio.colonna(j - 1)).left(9)); k >= 0) {
-            ++frequenza[std::size_t(k)];
-            ultimo[std::size_t(k)] = j;
-        }
+    const Colonne9::Conteggi conteggi = Colonne9::conta(archivio);
+    const std::vector<int> &frequenza = conteggi.frequenza;
+    const std::vector<int> &ultimo = conteggi.ultimo;
     for (Riga &riga : tabella) {
         const int k = Colonne9::indice(riga[0]);
         if (k < 0 || frequenza[std::size_t(k)] == 0) {
