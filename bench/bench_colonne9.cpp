@@ -17,20 +17,8 @@
 
 namespace {
 
-constexpr quint32 SemeBenchmark = 20110828;
-
-const ArchivioColonne &archivio(int righe) {
-    static std::map<int, ArchivioColonne> archivi;
-    auto it = archivi.find(righe);
-    if (it == archivi.end())
-        it = archivi
-                 .emplace(righe, ArchivioColonne::daRighe(archivioSintetico(righe, SemeBenchmark)))
-                 .first;
-    return it->second;
-}
-
 void BM_CalcolaUnaPassata(benchmark::State &state) {
-    const ArchivioColonne &a = archivio(int(state.range(0)));
+    const ArchivioColonne &a = SupportoBench::archivio(int(state.range(0)));
     if (Colonne9::calcola(a) != Colonne9::calcolaConConfronti(a)) {
         state.SkipWithError("i due metodi non danno le stesse figure");
         return;
@@ -42,7 +30,7 @@ void BM_CalcolaUnaPassata(benchmark::State &state) {
 BENCHMARK(BM_CalcolaUnaPassata)->Arg(500)->Arg(7000)->Unit(benchmark::kMillisecond);
 
 void BM_CalcolaConConfronti(benchmark::State &state) {
-    const ArchivioColonne &a = archivio(int(state.range(0)));
+    const ArchivioColonne &a = SupportoBench::archivio(int(state.range(0)));
     for (auto _ : state)
         benchmark::DoNotOptimize(Colonne9::calcolaConConfronti(a));
     state.counters["concorsi"] = double(a.numero());
@@ -54,7 +42,7 @@ BENCHMARK(BM_CalcolaConConfronti)
     ->Iterations(3);
 
 void BM_CaricaUniverso(benchmark::State &state) {
-    const auto statistiche = Colonne9::calcola(archivio(7000));
+    const auto statistiche = Colonne9::calcola(SupportoBench::archivio(7000));
     Griglia g;
     BancoColonne9 banco(g);
     banco.prepara();
@@ -64,7 +52,7 @@ void BM_CaricaUniverso(benchmark::State &state) {
 BENCHMARK(BM_CaricaUniverso)->Unit(benchmark::kMillisecond);
 
 void BM_FiltroSulTotale(benchmark::State &state) {
-    const auto statistiche = Colonne9::calcola(archivio(7000));
+    const auto statistiche = Colonne9::calcola(SupportoBench::archivio(7000));
     Griglia g;
     BancoColonne9 banco(g);
     banco.prepara();
@@ -79,7 +67,7 @@ void BM_FiltroSulTotale(benchmark::State &state) {
 BENCHMARK(BM_FiltroSulTotale)->Unit(benchmark::kMillisecond);
 
 void BM_OrdinaTotale(benchmark::State &state) {
-    const auto statistiche = Colonne9::calcola(archivio(7000));
+    const auto statistiche = Colonne9::calcola(SupportoBench::archivio(7000));
     Griglia g;
     BancoColonne9 banco(g);
     banco.prepara();

@@ -22,18 +22,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr quint32 SemeBenchmark = 20110828;
-
-const ArchivioColonne &sintetico(int righe) {
-    static std::map<int, ArchivioColonne> archivi;
-    auto it = archivi.find(righe);
-    if (it == archivi.end())
-        it = archivi
-                 .emplace(righe, ArchivioColonne::daRighe(archivioSintetico(righe, SemeBenchmark)))
-                 .first;
-    return it->second;
-}
-
 const ArchivioColonne &consegnato() {
     static const ArchivioColonne a = ArchivioColonne::daRighe(
         FileDati::leggiRighe(QStringLiteral(VESPARA_DATI_CONSEGNATI) + u"/Archivio.txt"_s));
@@ -58,7 +46,7 @@ CatenaFiltri catena() {
     Griglia g;
     BancoColonne9 b(g);
     b.prepara();
-    b.carica(Colonne9::calcola(sintetico(300)));
+    b.carica(Colonne9::calcola(SupportoBench::archivio(300)));
     applica(b);
     return b.catena();
 }
@@ -112,13 +100,13 @@ BENCHMARK(BM_VerificaConsegnato100)->Unit(benchmark::kMillisecond);
 // 100 contests replayed on 500 of history, and 1000 on 7000 (the target: under 10 s).
 void BM_Verifica(benchmark::State &state) {
     const int righe = int(state.range(0));
-    verifica(state, sintetico(righe), righe == 500 ? 100 : 1000);
+    verifica(state, SupportoBench::archivio(righe), righe == 500 ? 100 : 1000);
 }
 BENCHMARK(BM_Verifica)->Arg(500)->Arg(7000)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 void BM_VerificaSoloArchivio(benchmark::State &state) {
     const int righe = int(state.range(0));
-    verifica(state, sintetico(righe), righe == 500 ? 100 : 1000, true);
+    verifica(state, SupportoBench::archivio(righe), righe == 500 ? 100 : 1000, true);
 }
 BENCHMARK(BM_VerificaSoloArchivio)
     ->Arg(500)
@@ -128,7 +116,7 @@ BENCHMARK(BM_VerificaSoloArchivio)
 
 void BM_PianoUnConcorso(benchmark::State &state) {
     soloArchivio = false;
-    const ArchivioColonne &a = sintetico(int(state.range(0)));
+    const ArchivioColonne &a = SupportoBench::archivio(int(state.range(0)));
     for (auto _ : state)
         benchmark::DoNotOptimize(pianoPerConcorso(a, a.numero()));
     state.counters["storia"] = a.numero();

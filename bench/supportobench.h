@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/archiviocolonne.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/dialoghiprova.h"
 #include "piattaforma/impostazioni.h"
@@ -12,6 +13,9 @@
 #include <benchmark/benchmark.h>
 
 #include <functional>
+#include <map>
+
+#include "supporto/archiviosintetico.h"
 
 // What the benchmark programs share: their main, and a program state on a folder of its own.
 namespace SupportoBench {
@@ -29,6 +33,18 @@ inline int esegui(int argc, char **argv, const std::function<void()> &prima = {}
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;
+}
+
+// The synthetic archive of that many contests in memory, made once for the whole run.
+inline const ArchivioColonne &archivio(int righe, quint32 seme = 20110828) {
+    static std::map<std::pair<int, quint32>, ArchivioColonne> archivi;
+    auto it = archivi.find({righe, seme});
+    if (it == archivi.end())
+        it = archivi
+                 .emplace(std::pair(righe, seme),
+                          ArchivioColonne::daRighe(archivioSintetico(righe, seme)))
+                 .first;
+    return it->second;
 }
 
 // A program state on a temporary data folder, with recording dialogs and a 1280×800 desktop.

@@ -344,15 +344,6 @@ void TstVerificaStorica::giudizio() {
 
 namespace {
 
-FrmColonne9 *apriSpazio(AmbienteProva &a) {
-    a.pannello().findChild<QAction *>(u"TB(4)"_s)->trigger();
-    auto *frm = qobject_cast<FrmColonne9 *>(a.pannello().trovaSchermo(u"frmColonne9"_s));
-    if (!frm)
-        return nullptr;
-    QTest::mouseClick(StrumentiProva::controllo<QPushButton>(frm, u"cmdAvvia"_s), Qt::LeftButton);
-    return QTest::qWaitForWindowActive(&a.pannello()) ? frm : nullptr;
-}
-
 void scegli(QWidget *schermo, const QString &nome, const QString &voce) {
     auto *c = StrumentiProva::controllo<QComboBox>(schermo, nome);
     const int i = c->findText(voce);
@@ -371,7 +362,7 @@ FrmVerificaStorica *apriVerifica(AmbienteProva &a, FrmColonne9 *frm) {
 void TstVerificaStorica::schermoComeUnUtente() {
     AmbienteProva a;
     QVERIFY(a.avvia());
-    FrmColonne9 *frm = apriSpazio(a);
+    FrmColonne9 *frm = a.apriAnalisi9();
     QVERIFY(frm);
     // Formula 4-3-2, then the never drawn out.
     scegli(frm, u"cmb1"_s, u"4"_s);
@@ -442,9 +433,8 @@ void TstVerificaStorica::schermoComeUnUtente() {
     if (LetturaXlsx::lettoreDisponibile()) {
         const auto l = LetturaXlsx::leggi(file);
         QVERIFY(l);
-        QCOMPARE(l->valori.value(u"A1"_s),
-                 u"Vespara - Verifica storica dei filtri, alla data "_s +
-                     QDate::currentDate().toString(u"dd/MM/yyyy"_s));
+        QCOMPARE(l->valori.value(u"A1"_s), u"Vespara - Verifica storica dei filtri, alla data "_s +
+                                               QDate::currentDate().toString(u"dd/MM/yyyy"_s));
         // The rows as sorted: the kept columns as numbers, the column of the 9 as text.
         QCOMPARE(l->valori.value(u"E4"_s), g.testo(1, 4));
         QCOMPARE(l->tipi.value(u"E4"_s), u"n"_s);
@@ -463,7 +453,7 @@ void TstVerificaStorica::schermoComeUnUtente() {
 void TstVerificaStorica::annullaLasciaLoSchermo() {
     AmbienteProva a;
     QVERIFY(a.avvia());
-    FrmColonne9 *frm = apriSpazio(a);
+    FrmColonne9 *frm = a.apriAnalisi9();
     QVERIFY(frm);
     QTest::mouseClick(StrumentiProva::controllo<QPushButton>(frm, u"cmdEliminaMaiUscite"_s),
                       Qt::LeftButton);

@@ -1,13 +1,16 @@
 #include "supporto/ambienteprova.h"
 
-#include "cornice/mdipannello.h"
+#include "analisi/frmcolonne9.h"
 #include "core/statoprogramma.h"
+#include "cornice/mdipannello.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/rete.h"
 
+#include <QAction>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QPushButton>
 #include <QTest>
 #include <QWidget>
 
@@ -58,6 +61,16 @@ bool AmbienteProva::avvia() {
             QCoreApplication::processEvents();
     }
     return riuscito;
+}
+
+FrmColonne9 *AmbienteProva::apriAnalisi9() const {
+    pannello().findChild<QAction *>(u"TB(4)"_s)->trigger();
+    auto *frm = qobject_cast<FrmColonne9 *>(pannello().trovaSchermo(u"frmColonne9"_s));
+    auto *avvia = frm ? frm->findChild<QPushButton *>(u"cmdAvvia"_s) : nullptr;
+    if (!avvia || !avvia->isEnabled())
+        return nullptr;
+    QTest::mouseClick(avvia, Qt::LeftButton);
+    return QTest::qWaitForWindowActive(&pannello()) ? frm : nullptr;
 }
 
 void AmbienteProva::impostaSito(const QString &radice) {

@@ -12,6 +12,7 @@
 
 #include <memory>
 
+class FrmColonne9;
 class MdiPannello;
 class StatoProgramma;
 
@@ -36,6 +37,9 @@ public:
     bool avvia();
     MdiPannello &pannello() const;
     StatoProgramma &stato() const;
+    // The workspace of the 9 opened from the toolbar with the universe in it ("Inizializzazione"
+    // pressed and the frame back in the user's hands); null when that failed.
+    FrmColonne9 *apriAnalisi9() const;
     Impostazioni &impostazioni() const { return *m_impostazioni; }
 
     DialoghiProva dialoghi;
