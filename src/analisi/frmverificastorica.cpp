@@ -112,6 +112,13 @@ FrmVerificaStorica::FrmVerificaStorica(StatoProgramma &stato, QWidget *genitore)
     }
     lr->addStretch();
     MdiStile::grassetto(m_lblGiudizio);
+    m_lblPrese->setToolTip(u"In quanti dei concorsi verificati la colonna del 9 uscita era tra "
+                           "quelle che i filtri avrebbero tenuto"_s);
+    m_lblMedia->setToolTip(u"Quante colonne i filtri avrebbero tenuto, in media sui concorsi: "
+                           "quante se ne sarebbero giocate"_s);
+    m_lblGiudizio->setToolTip(
+        u"Lo scarto tra le prese dei filtri e quelle attese a caso, misurato in deviazioni "
+        "standard del caso: oltre 2 lo scarto difficilmente è dovuto alla fortuna"_s);
     m_lblCaso->setToolTip(
         u"La probabilità che un insieme di colonne scelte a caso, grande "
         "quanto quello tenuto dai filtri, contenga la colonna vincente: le "
