@@ -2,9 +2,14 @@
 // figures in a hand-made archive, and the screen used as a user would, from the terzine clicked
 // in the signs panel to the workspace of the 9 and the play slips.
 #include "supporto/ambienteprova.h"
+#include "supporto/strumentiprova.h"
 
 #include "analisi/colonne9.h"
+#include "analisi/frmcolonne9.h"
 #include "analisi/frmpannellosegni.h"
+#include "analisi/frmriduzione.h"
+#include "analisi/passofiltro.h"
+#include "analisi/riduzionegaranzia.h"
 #include "analisi/statistichesegni.h"
 #include "core/archiviocolonne.h"
 #include "core/statoprogramma.h"
@@ -16,11 +21,16 @@
 #include "schedine/sistemaintegrale.h"
 
 #include <QAction>
+#include <QComboBox>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QListWidget>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
 #include <QTest>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -63,6 +73,38 @@ QStringList voci(const QListWidget *lista) {
     return testi;
 }
 
+// The indices of the columns a grid of the workspace holds, top to bottom.
+QList<int> indiciDi(const Griglia &g) {
+    QList<int> v;
+    for (int r = 1; r < g.righe(); ++r)
+        v.append(Colonne9::indice(g.testo(r, 1)));
+    return v;
+}
+
+// Whether every column of `tutte` has at least 9 - raggio signs equal to a column of `tenute`,
+// counted sign by sign on the texts.
+bool copreConISegni(const QList<int> &tutte, const QList<int> &tenute, int raggio) {
+    const QStringList &elenco = Colonne9::elenco();
+    for (int c : tutte) {
+        bool coperta = false;
+        for (int k : tenute) {
+            int diversi = 0;
+            for (int p = 0; p < 9; ++p)
+                diversi += elenco.at(c).at(p) != elenco.at(k).at(p);
+            coperta = coperta || diversi <= raggio;
+        }
+        if (!coperta)
+            return false;
+    }
+    return true;
+}
+
+// The reduction window of the workspace, opened by its button.
+FrmRiduzione *apriRiduzione(QWidget *analisi) {
+    clic(analisi, u"cmdRiduci"_s);
+    return analisi->findChild<FrmRiduzione *>(u"frmRiduzione"_s);
+}
+
 } // namespace
 
 class TstSistema : public QObject {
@@ -79,6 +121,9 @@ private slots:
     void trasferimentoAllAnalisi();
     void secondaGenerazioneNelBox();
     void dalMenuEDallaBarra();
+    void sistemaRidottoAlleSchedine();
+    void riduzioneInterrotta();
+    void riduzioneSetteSuNove();
 };
 
 void TstSistema::genera_data() {
@@ -345,11 +390,8 @@ void TstSistema::secondaGenerazioneNelBox() {
     AmbienteProva a;
     QVERIFY(a.avvia());
     // The workspace with the whole universe in it.
-    a.pannello().findChild<QAction *>(u"TB(4)"_s)->trigger();
-    QWidget *analisi = a.pannello().trovaSchermo(u"frmColonne9"_s);
+    QWidget *analisi = a.apriAnalisi9();
     QVERIFY(analisi);
-    clic(analisi, u"cmdAvvia"_s);
-    QVERIFY(QTest::qWaitForWindowActive(&a.pannello()));
     const Griglia &g = *analisi->findChild<VistaGriglia *>(u"Griglia"_s)->griglia();
     QTRY_COMPARE(g.righe(), Colonne9::Numero + 1);
 
@@ -394,6 +436,153 @@ void TstSistema::dalMenuEDallaBarra() {
                  u"Seleziona le terzine nel pannello delle Terzine."_s);
         QVERIFY(a.dialoghi.boxes.isEmpty());
     }
+}
+
+// The whole road: terzine clicked in the panel, the system generated and transferred, narrowed
+// by a filter, reduced with the guarantee of 8 out of 9, undone, reduced again and handed to the
+// play slips.
+void TstSistema::sistemaRidottoAlleSchedine() {
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    a.stato().stampanti().imposta({u"Laser"_s});
+    const QStringList terzine{u"111"_s, u"11X"_s, u"1X2"_s, u"X12"_s, u"222"_s};
+    for (int g = 1; g <= 3; ++g)
+        for (const QString &t : terzine)
+            scegli(a, g, t);
+    FrmSistema *s = sistema(a);
+    QVERIFY(s);
+    clic(s, u"cmdGenera"_s);
+    QCOMPARE(s->findChild<QLabel *>(u"lblTot"_s)->text(), u"125"_s);
+    clic(s, u"cmdTrasferisci"_s);
+    QWidget *analisi = a.pannello().trovaSchermo(u"frmColonne9"_s);
+    QVERIFY(analisi);
+    const Griglia &g = *analisi->findChild<VistaGriglia *>(u"Griglia"_s)->griglia();
+    QCOMPARE(g.righe(), 126);
+    // No "2" in the ninth box.
+    auto *segno = analisi->findChild<QComboBox *>(u"cmbEliminaSegno"_s);
+    segno->setCurrentIndex(segno->findText(u"2"_s));
+    auto *casella = analisi->findChild<QComboBox *>(u"cmbCasella"_s);
+    casella->setCurrentIndex(casella->findText(u"9"_s));
+    clic(analisi, u"cmdEliminaSegno"_s);
+    QCOMPARE(g.righe(), 51);
+    const QList<int> filtrate = indiciDi(g);
+
+    FrmRiduzione *r = apriRiduzione(analisi);
+    QVERIFY(r);
+    QVERIFY(r->isVisible());
+    QCOMPARE(r->findChild<QLabel *>(u"lblPrima"_s)->text(), u"Colonne da ridurre: 50"_s);
+    QVERIFY(r->findChild<QRadioButton *>(u"optGaranzia8"_s)->isChecked());
+    r->findChild<QSpinBox *>(u"txtLimite"_s)->setValue(5);
+    clic(r, u"cmdRiduci"_s);
+    QVERIFY(!r->inCorso());
+    const QList<int> ridotte = indiciDi(g);
+    QVERIFY2(ridotte.size() < 25, qPrintable(QString::number(ridotte.size())));
+    QVERIFY(RiduzioneGaranzia::garantita(filtrate, ridotte, 9, 1));
+    QVERIFY(copreConISegni(filtrate, ridotte, 1));
+    for (int c : ridotte)
+        QVERIFY(filtrate.contains(c));
+    QCOMPARE(analisi->findChild<QLabel *>(u"lblTot"_s)->text(), QString::number(ridotte.size()));
+    const QString esito = r->findChild<QLabel *>(u"lblEsito"_s)->text();
+    QVERIFY2(esito.startsWith(u"Colonne prima: 50. Colonne dopo: %1 ("_s.arg(ridotte.size())),
+             qPrintable(esito));
+    QVERIFY(esito.contains(u"Garanzia 8 su 9 verificata"_s));
+    AmbienteProva::fotografa(r, u"frmRiduzione"_s);
+    clic(r, u"cmdChiudi"_s);
+    QTRY_VERIFY(!analisi->findChild<FrmRiduzione *>(u"frmRiduzione"_s));
+    auto *frm = qobject_cast<FrmColonne9 *>(analisi);
+    QVERIFY(frm);
+    QCOMPARE(
+        PassoFiltro::descrizioni(frm->banco().catena()),
+        (QStringList{u"Sistema integrale di 125 colonne"_s, u"Elimina il segno 2 in casella 9"_s,
+                     u"Riduzione con garanzia 8 su 9: %1 colonne"_s.arg(ridotte.size())}));
+
+    // The undo brings back the 50 columns, as after any filter.
+    clic(analisi, u"cmdPrec"_s);
+    QCOMPARE(indiciDi(g), filtrate);
+    QCOMPARE(frm->banco().catena().size(), 2);
+
+    // Reduced again, and on to the slips.
+    r = apriRiduzione(analisi);
+    QVERIFY(r);
+    r->findChild<QSpinBox *>(u"txtLimite"_s)->setValue(5);
+    clic(r, u"cmdRiduci"_s);
+    clic(r, u"cmdChiudi"_s);
+    const QList<int> ancora = indiciDi(g);
+    QVERIFY(RiduzioneGaranzia::garantita(filtrate, ancora, 9, 1));
+    QCOMPARE(a.dialoghi.testi().join(u"|"_s), QString());
+    clic(analisi, u"imgStampaSchedine"_s);
+    QCOMPARE(a.stato().ColonneStampa.size(), ancora.size());
+    QWidget *stampa = a.pannello().trovaSchermo(u"frmStampa"_s);
+    QVERIFY(stampa);
+    QCOMPARE(stampa->findChild<QLabel *>(u"lblSistema"_s)->text(), QString::number(ancora.size()));
+}
+
+// The whole universe reduced with a long limit and stopped at once: the best reduction found so
+// far replaces the grid, and it holds.
+void TstSistema::riduzioneInterrotta() {
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    QWidget *analisi = a.apriAnalisi9();
+    QVERIFY(analisi);
+    const Griglia &g = *analisi->findChild<VistaGriglia *>(u"Griglia"_s)->griglia();
+    const QList<int> universo = indiciDi(g);
+    QCOMPARE(universo.size(), Colonne9::Numero);
+
+    FrmRiduzione *r = apriRiduzione(analisi);
+    QVERIFY(r);
+    r->findChild<QSpinBox *>(u"txtLimite"_s)->setValue(600);
+    // Stopped at the first look the search gives the window.
+    bool interrotta = false;
+    QTimer guarda;
+    guarda.setInterval(5);
+    QObject::connect(&guarda, &QTimer::timeout, r, [&] {
+        if (r->inCorso() && !interrotta) {
+            clic(r, u"cmdInterrompi"_s);
+            interrotta = true;
+        }
+    });
+    guarda.start();
+    QElapsedTimer tempo;
+    tempo.start();
+    clic(r, u"cmdRiduci"_s);
+    QVERIFY(interrotta);
+    QVERIFY(tempo.elapsed() < 30000);
+    const QList<int> ridotte = indiciDi(g);
+    QCOMPARE(a.dialoghi.testi().join(u"|"_s), QString());
+    QVERIFY(ridotte.size() < 2000);
+    QVERIFY(RiduzioneGaranzia::garantita(universo, ridotte, 9, 1));
+    QVERIFY(r->findChild<QLabel *>(u"lblEsito"_s)->text().contains(u"Ricerca interrotta"_s));
+    // Esc closes the window once the search is over.
+    QTest::keyClick(r, Qt::Key_Escape);
+    QTRY_VERIFY(!analisi->findChild<FrmRiduzione *>(u"frmRiduzione"_s));
+    QVERIFY(a.dialoghi.boxes.isEmpty());
+}
+
+// The guarantee of 7 out of 9 on the columns with "1" fixed in the first three boxes (729):
+// fewer columns than with 8 out of 9, each column within two signs of a kept one.
+void TstSistema::riduzioneSetteSuNove() {
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    FrmColonne9 *analisi = a.apriAnalisi9();
+    QVERIFY(analisi);
+    for (const QString &pos : {u"1"_s, u"2"_s, u"3"_s})
+        QVERIFY(!analisi->banco().segnoFisso(pos, u"1"_s));
+    const Griglia &g = *analisi->findChild<VistaGriglia *>(u"Griglia"_s)->griglia();
+    QCOMPARE(g.righe(), 730);
+    const QList<int> fisse = indiciDi(g);
+    FrmRiduzione *r = apriRiduzione(analisi);
+    QVERIFY(r);
+    StrumentiProva::clic(r->findChild<QRadioButton *>(u"optGaranzia7"_s));
+    QCOMPARE(r->garanzia(), u"7 su 9"_s);
+    r->findChild<QSpinBox *>(u"txtLimite"_s)->setValue(5);
+    clic(r, u"cmdRiduci"_s);
+    const QList<int> sette = indiciDi(g);
+    QVERIFY(RiduzioneGaranzia::garantita(fisse, sette, 9, 2));
+    QVERIFY(copreConISegni(fisse, sette, 2));
+    QVERIFY(!RiduzioneGaranzia::garantita(fisse, sette, 9, 1));
+    QVERIFY2(sette.size() <= 81, qPrintable(QString::number(sette.size())));
+    QCOMPARE(analisi->banco().catena().last().descrizione(),
+             u"Riduzione con garanzia 7 su 9: %1 colonne"_s.arg(sette.size()));
 }
 
 QTEST_MAIN(TstSistema)

@@ -1,6 +1,7 @@
 #include "analisi/frmcolonne9.h"
 
 #include "analisi/colonne9.h"
+#include "analisi/frmriduzione.h"
 #include "analisi/frmverificastorica.h"
 #include "analisi/stampacolonne9.h"
 #include "core/colonna.h"
@@ -506,12 +507,17 @@ QWidget *FrmColonne9::creaRicerca() {
         p->setCursor(Qt::PointingHandCursor);
     }
 
-    // Beyond the filters: how the chain did in the past.
+    // Beyond the filters: fewer columns with a guarantee, and how the chain did in the past.
+    auto *cmdRiduci = pulsante(u"cmdRiduci"_s, u"Riduci con garanzia…"_s);
+    cmdRiduci->setToolTip(u"Tiene poche colonne tra quelle della griglia, tali che ogni colonna "
+                          "della griglia abbia almeno 8 (o 7) segni su 9 uguali a una colonna "
+                          "tenuta"_s);
+    connect(cmdRiduci, &QPushButton::clicked, this, [this] { riduci(); });
     auto *cmdVerifica = pulsante(u"cmdVerificaStorica"_s, u"Verifica storica…"_s);
     cmdVerifica->setToolTip(u"Rifà i filtri applicati sui concorsi passati: quante volte "
                             "avrebbero tenuto la colonna vincente, e con quante colonne"_s);
     connect(cmdVerifica, &QPushButton::clicked, this, [this] { verificaStorica(); });
-    m_filtri.append(cmdVerifica);
+    m_filtri.append({cmdRiduci, cmdVerifica});
 
     auto *contenitore = new QWidget(this);
     auto *lc = new QVBoxLayout(contenitore);
@@ -520,6 +526,7 @@ QWidget *FrmColonne9::creaRicerca() {
     lc->addWidget(imgStampa);
     lc->addWidget(imgStampaSchedine);
     auto *oltre = new QHBoxLayout;
+    oltre->addWidget(cmdRiduci);
     oltre->addWidget(cmdVerifica);
     lc->addLayout(oltre);
     return contenitore;
@@ -733,6 +740,24 @@ void FrmColonne9::esporta() {
                                        EsportazioneExcel::oggi());
         if (m_stato.registro())
             m_stato.registro()->apriMenuGriglie(QCursor::pos());
+    });
+}
+
+void FrmColonne9::riduci() {
+    eseguiProtetto(m_stato.dialoghi(), [&] {
+        if (m_banco.totale() == 0)
+            return;
+        auto *finestra = new FrmRiduzione(m_stato, m_banco.indici(), this);
+        finestra->setAttribute(Qt::WA_DeleteOnClose);
+        // The checked reduction replaces the grid as a filter step does, with its undo.
+        connect(finestra, &FrmRiduzione::ridotta, this,
+                [this](const QList<int> &tenute, const QString &descrizione) {
+                    passo([&] {
+                        m_banco.tieni(tenute, descrizione);
+                        return BancoColonne9::Esito();
+                    });
+                });
+        finestra->open();
     });
 }
 

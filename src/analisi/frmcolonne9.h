@@ -60,6 +60,8 @@ private:
     // imgStampaSchedine: the grid's columns go to the slip printer.
     void stampaSchedine();
     void esporta();
+    // The reduction with a guarantee of the columns in the grid, in its own window.
+    void riduci();
     // The historical check of the chain of filters applied, in its own screen.
     void verificaStorica();
     // Runs one filter step: the busy cursor, the box it answers with, the count, the undo.
