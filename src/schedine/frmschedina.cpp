@@ -118,9 +118,14 @@ FrmSchedina::FrmSchedina(StatoProgramma &stato, RegistroSchermi &registro,
     auto *caselle = new QVBoxLayout;
     caselle->setSpacing(0);
     caselle->setContentsMargins(0, m_vista->frameWidth(), 0, 0);
-    auto *risultati = new QVBoxLayout;
-    risultati->setSpacing(0);
-    risultati->setContentsMargins(0, m_vista->frameWidth(), 0, 0);
+    // Only the Sunday coupon has the column of the results: the other two make no layout that
+    // nothing would own.
+    QVBoxLayout *risultati = nullptr;
+    if (modello.risultati) {
+        risultati = new QVBoxLayout;
+        risultati->setSpacing(0);
+        risultati->setContentsMargins(0, m_vista->frameWidth(), 0, 0);
+    }
     for (int i = 1; i <= FileSchedine::Partite; ++i) {
         auto *t = new QLineEdit(this);
         t->setObjectName(u"txtPronostico(%1)"_s.arg(i));
@@ -151,7 +156,8 @@ FrmSchedina::FrmSchedina(StatoProgramma &stato, RegistroSchermi &registro,
         }
     }
     caselle->addStretch();
-    risultati->addStretch();
+    if (risultati)
+        risultati->addStretch();
     for (qsizetype k = 0; k < pronostico.size(); ++k)
         m_txtPronostico[k]->setText(pronostico.at(k));
 
@@ -197,7 +203,7 @@ FrmSchedina::FrmSchedina(StatoProgramma &stato, RegistroSchermi &registro,
     corpo->setSpacing(8);
     corpo->addWidget(m_vista, 0, Qt::AlignTop);
     corpo->addLayout(caselle);
-    if (modello.risultati)
+    if (risultati)
         corpo->addLayout(risultati);
     corpo->addStretch();
 
