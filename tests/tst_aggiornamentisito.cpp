@@ -2,6 +2,7 @@
 // full update, the repair of the archive, the partial updates, the quotas, the season and the
 // foreign team lists, used as a user would through the frame; and their steps on their own.
 #include "supporto/ambienteprova.h"
+#include "supporto/strumentiprova.h"
 
 #include "aggiornamenti/aggiornamentisito.h"
 #include "archivio/scritturearchivio.h"
@@ -217,15 +218,7 @@ public:
     QByteArray file(const QString &nome) const { return leggi(a.file(nome)); }
     // Every data file, by name (the tests keep the settings store in the same folder: it is no
     // data file).
-    QMap<QString, QByteArray> cartella() const {
-        QMap<QString, QByteArray> v;
-        const QDir d(a.cartella());
-        const QStringList nomi = d.entryList(QDir::Files | QDir::Hidden);
-        for (const QString &n : nomi)
-            if (n != u"impostazioni.ini"_s)
-                v.insert(n, leggi(d.filePath(n)));
-        return v;
-    }
+    QMap<QString, QByteArray> cartella() const { return StrumentiProva::impronte(a.cartella()); }
     // The boxes as "kind|title|text".
     QStringList boxes() const {
         QStringList v;
@@ -554,14 +547,17 @@ void TstAggiornamentiSito::completoRicostruisce() {
 }
 
 void TstAggiornamentiSito::completoArchivioIllegibile() {
-    // The archive page is an error page: the update stops at once, in the guard's box.
+    // The archive page is an error page: the update stops at once, before any file, and says so.
     Banco b;
     QVERIFY(b.avvia());
     const auto prima = b.cartella();
     QVERIFY(b.aggiorna(u"mnuCampionatoItaliano"_s, u"frmInternet"_s));
     QCOMPARE(b.a.dialoghi.boxes.size(), 1);
-    QCOMPARE(b.a.dialoghi.boxes.at(0).tipo, Tipo::Critico);
+    QCOMPARE(b.a.dialoghi.boxes.at(0).tipo, Tipo::Avviso);
+    QCOMPARE(b.a.dialoghi.boxes.at(0).titolo, Dialoghi::titoloAggiornamenti());
     QVERIFY(b.a.dialoghi.boxes.at(0).testo.contains(u"archivio"_s));
+    QVERIFY(b.a.dialoghi.boxes.at(0).testo.contains(
+        u"Aggiornati: nessuno.\nLasciati come erano: Archivio.txt, ClassifSerieA.txt"_s));
     QCOMPARE(b.cartella(), prima);
     QVERIFY(b.aperto(u"frmInternet"_s));
     QCOMPARE(QApplication::overrideCursor(), nullptr);
@@ -824,6 +820,7 @@ void TstAggiornamentiSito::interruzione_data() {
     QTest::addColumn<QString>("ferma");      // the page the update is waiting for
     QTest::addColumn<int>("come");
     QTest::addColumn<QStringList>("cambiati"); // the files written before it
+    QTest::addColumn<QStringList>("previsti"); // the files the update set out to replace
     const QString completo = u"mnuCampionatoItaliano"_s;
     const QString frmInternet = u"frmInternet"_s;
     const QString riparazione = u"mnuSoloArchivi"_s;
@@ -831,31 +828,54 @@ void TstAggiornamentiSito::interruzione_data() {
     const QString c1a = u"/vespara/ClassifSerieC1A.html"_s;
     const QStringList ab{u"ClassifSerieA.txt"_s, u"ClassifSerieB.txt"_s};
     const QStringList archivio{u"Archivio.txt"_s, u"ArchivioPrecedente.txt"_s, u"archivio.db"_s};
+    const QStringList fileClassifiche = AggiornamentiSito::fileClassifiche();
+    const QStringList tutti = fileClassifiche + AggiornamentiSito::fileSchedine();
+    const QStringList conArchivio = QStringList{u"Archivio.txt"_s} + tutti;
     QTest::newRow("chiusura sulla classifica C1A")
-        << completo << frmInternet << false << c1a << int(Interruzione::Chiusura) << ab;
+        << completo << frmInternet << false << c1a << int(Interruzione::Chiusura) << ab << tutti;
     QTest::newRow("annulla sulla classifica C1A, archivio ricostruito")
-        << completo << frmInternet << true << c1a << int(Interruzione::Annulla) << archivio + ab;
+        << completo << frmInternet << true << c1a << int(Interruzione::Annulla) << archivio + ab
+        << conArchivio;
     QTest::newRow("classifica C1A interrotta a metà")
-        << completo << frmInternet << false << c1a << int(Interruzione::Stallo) << ab;
+        << completo << frmInternet << false << c1a << int(Interruzione::Stallo) << ab << tutti;
     QTest::newRow("chiusura sulle quote")
         << completo << frmInternet << true << Quote << int(Interruzione::Chiusura)
-        << archivio + remoti(classifiche())
-                          .replaceInStrings(u"/vespara/"_s, QString())
-                          .replaceInStrings(u".html"_s, u".txt"_s);
-    QTest::newRow("chiusura sull'archivio") << completo << frmInternet << true << PaginaArchivio
-                                            << int(Interruzione::Chiusura) << QStringList();
-    QTest::newRow("archivio interrotto a metà") << completo << frmInternet << true << PaginaArchivio
-                                                << int(Interruzione::Stallo) << QStringList();
+        << archivio + fileClassifiche << conArchivio;
+    QTest::newRow("chiusura sull'archivio")
+        << completo << frmInternet << true << PaginaArchivio << int(Interruzione::Chiusura)
+        << QStringList() << conArchivio;
+    QTest::newRow("archivio interrotto a metà")
+        << completo << frmInternet << true << PaginaArchivio << int(Interruzione::Stallo)
+        << QStringList() << conArchivio;
+    QTest::newRow("schedina della domenica interrotta a metà")
+        << completo << frmInternet << false << u"/vespara/SchedinaDomenica.html"_s
+        << int(Interruzione::Stallo)
+        << fileClassifiche + QStringList{u"Quote.txt"_s, u"SchedinaSchedinaProssimoConcorso.txt"_s,
+                                         u"SchedinaSabato.txt"_s}
+        << tutti;
     QTest::newRow("chiusura durante la riparazione")
         << riparazione << frmRiparazione << true << PaginaArchivio << int(Interruzione::Chiusura)
-        << QStringList();
+        << QStringList() << QStringList{u"Archivio.txt"_s};
     // The foreign lists are replaced only all together.
     QTest::newRow("lista del Belgio interrotta a metà")
         << u"mnuAggiornaCampionatiStranieri"_s << u"frmAggiornaConcorsiStranieri"_s << false
-        << u"/vespara/SerieBelgio.txt"_s << int(Interruzione::Stallo) << QStringList();
+        << u"/vespara/SerieBelgio.txt"_s << int(Interruzione::Stallo) << QStringList()
+        << ListeStraniereVecchie;
     QTest::newRow("annulla durante la riparazione")
         << riparazione << frmRiparazione << true << PaginaArchivio << int(Interruzione::Annulla)
-        << QStringList();
+        << QStringList() << QStringList{u"Archivio.txt"_s};
+    QTest::newRow("solo classifiche, C1A interrotta a metà")
+        << u"mnuTutte"_s << u"frmAggiornaSoloClassifiche"_s << false << c1a
+        << int(Interruzione::Stallo) << ab << fileClassifiche;
+    QTest::newRow("solo schedine e picchetti, domenica interrotta a metà")
+        << u"mnuSoloSchedinaMontepremi"_s << u"frmAggiornaSoloSchedinaMontepremi"_s << false
+        << u"/vespara/SchedinaDomenica.html"_s << int(Interruzione::Stallo)
+        << QStringList{u"Quote.txt"_s, u"SchedinaProssimoConcorso.txt"_s, u"SchedinaSabato.txt"_s}
+        << AggiornamentiSito::fileSchedineEPicchetti();
+    QTest::newRow("solo picchetti, annulla sul secondo")
+        << QString() << u"frmAggiornaSoloPicchetto"_s << false
+        << u"/vespara/PicchettoDomenica.html"_s << int(Interruzione::Annulla)
+        << QStringList{u"Picchetto.txt"_s} << AggiornamentiSito::filePicchetti();
 }
 
 void TstAggiornamentiSito::interruzione() {
@@ -865,6 +885,7 @@ void TstAggiornamentiSito::interruzione() {
     QFETCH(QString, ferma);
     QFETCH(int, come);
     QFETCH(QStringList, cambiati);
+    QFETCH(QStringList, previsti);
     Banco b;
     QStringList sulSito = archivioConsegnato();
     if (nuovoArchivio)
@@ -911,15 +932,9 @@ void TstAggiornamentiSito::interruzione() {
     QVERIFY(tempo.elapsed() < 10000);
 
     // Nothing written after the stop, and no page that came in part.
-    const auto dopo = b.cartella();
-    QStringList nomi = prima.keys() + dopo.keys();
-    nomi.removeDuplicates();
-    for (const QString &nome : std::as_const(nomi)) {
-        if (cambiati.contains(nome))
-            QVERIFY2(dopo.value(nome) != prima.value(nome), qPrintable(nome));
-        else
-            QVERIFY2(dopo.value(nome) == prima.value(nome), qPrintable(nome));
-    }
+    QStringList attesi = cambiati;
+    attesi.sort();
+    QCOMPARE(StrumentiProva::cambiati(prima, b.cartella()), attesi);
     // The site was not asked for anything past the stopped page.
     const QStringList chiesti = b.sito.percorsi();
     QCOMPARE(chiesti.mid(chiesti.indexOf(ferma) + 1)
@@ -928,14 +943,31 @@ void TstAggiornamentiSito::interruzione() {
              QStringList());
     QCOMPARE(QApplication::overrideCursor(), nullptr);
     QTRY_VERIFY(!boxDiAttesa());
-    if (modo == Interruzione::Stallo) {
-        QCOMPARE(b.a.dialoghi.boxes.size(), 1);
-        QCOMPARE(b.a.dialoghi.boxes.first().tipo, Tipo::Critico);
-        QVERIFY2(b.a.dialoghi.boxes.first().testo.contains(ferma + u" del sito non è arrivata "
-                                                                   "per intero"_s),
-                 qPrintable(b.a.dialoghi.boxes.first().testo));
-    } else {
+    if (modo == Interruzione::Chiusura) {
         QCOMPARE(b.boxes(), QStringList());
+    } else {
+        // One warning of the network: why the update stopped, what it replaced, what it left.
+        QCOMPARE(b.a.dialoghi.boxes.size(), 1);
+        const DialoghiProva::Box box = b.a.dialoghi.boxes.first();
+        QCOMPARE(box.tipo, Tipo::Avviso);
+        QCOMPARE(box.titolo, Dialoghi::titoloAggiornamenti());
+        const QString causa = modo == Interruzione::Stallo
+                                  ? u"La pagina %1 del sito non è arrivata per intero."_s.arg(ferma)
+                                  : u"L'aggiornamento è stato annullato."_s;
+        QVERIFY2(box.testo.contains(causa), qPrintable(box.testo));
+        QStringList aggiornati = cambiati;
+        aggiornati.removeAll(u"ArchivioPrecedente.txt"_s);
+        aggiornati.removeAll(u"archivio.db"_s);
+        QStringList lasciati = previsti;
+        for (const QString &f : std::as_const(aggiornati))
+            lasciati.removeAll(f);
+        const auto elenco = [](const QStringList &v) {
+            return v.isEmpty() ? u"nessuno"_s : v.join(u", "_s);
+        };
+        QVERIFY2(box.testo.contains(u"Aggiornati: %1.\n"_s.arg(elenco(aggiornati))),
+                 qPrintable(box.testo));
+        QVERIFY2(box.testo.endsWith(u"Lasciati come erano: %1."_s.arg(elenco(lasciati))),
+                 qPrintable(box.testo));
     }
     if (modo == Interruzione::Chiusura)
         return;

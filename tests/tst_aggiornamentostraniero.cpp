@@ -9,10 +9,12 @@
 #include "campionati/frmclassifiche.h"
 #include "campionati/leghe.h"
 #include "campionati/taglioclassifica.h"
+#include "core/frmattendere.h"
 #include "core/statoprogramma.h"
 #include "cornice/mdipannello.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/griglia.h"
+#include "piattaforma/rete.h"
 #include "piattaforma/serverhttp.h"
 
 #include <QAction>
@@ -20,6 +22,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
+#include <QPushButton>
 #include <QTcpServer>
 #include <QTemporaryDir>
 #include <QTest>
@@ -114,6 +117,8 @@ private slots:
     void rispostaNo();
     void senzaSito();
     void paginaSenzaMarcatore();
+    void interruzione_data();
+    void interruzione();
 };
 
 void TstAggiornamentoStraniero::tutteLeDodici() {
@@ -239,6 +244,104 @@ void TstAggiornamentoStraniero::paginaSenzaMarcatore() {
     for (const FileCampionati::RigaClassifica &r : c.righe)
         QCOMPARE(r[1], QString());
     QCOMPARE(Leghe::leggiSquadre(a.cartella(), scozia), QStringList(12));
+}
+
+void TstAggiornamentoStraniero::interruzione_data() {
+    QTest::addColumn<QString>("voce");
+    QTest::addColumn<QString>("ferma");       // the page that stops half-way
+    QTest::addColumn<bool>("annulla");        // the user presses "Annulla" instead
+    QTest::addColumn<QStringList>("fatte");   // the leagues refreshed before it
+    QTest::addColumn<QStringList>("rimaste"); // those left as they were
+    QStringList ordine;
+    for (const TaglioClassifica::Voce &v : TaglioClassifica::voci())
+        ordine.append(TaglioClassifica::nome(v));
+    const qsizetype spagna = ordine.indexOf(u"Spagna"_s);
+    QTest::newRow("tutte, la Spagna si ferma")
+        << u"mnuCampionatiStranieri"_s << u"/vespara/estere/Spagna.html"_s << false
+        << ordine.first(spagna) << ordine.mid(spagna);
+    QTest::newRow("tutte, annulla sulla Spagna")
+        << u"mnuCampionatiStranieri"_s << u"/vespara/estere/Spagna.html"_s << true
+        << ordine.first(spagna) << ordine.mid(spagna);
+    QTest::newRow("tutte, un link si ferma")
+        << u"mnuCampionatiStranieri"_s << u"/vespara/linkGrecia.html"_s << false << QStringList()
+        << ordine;
+    QTest::newRow("una sola, la pagina si ferma")
+        << u"mnuAustria"_s << u"/vespara/estere/Austria.html"_s << false << QStringList()
+        << QStringList{u"Austria"_s};
+    QTest::newRow("una sola, il link si ferma")
+        << u"mnuBelgio"_s << u"/vespara/linkBelgio.html"_s << false << QStringList()
+        << QStringList{u"Belgio"_s};
+}
+
+void TstAggiornamentoStraniero::interruzione() {
+    // A page that stops half-way (or "Annulla" while it comes) stops the run: the leagues before
+    // it are refreshed, that league and every one after it keep their files byte for byte, and
+    // the user is told which is which.
+    QFETCH(QString, voce);
+    QFETCH(QString, ferma);
+    QFETCH(bool, annulla);
+    QFETCH(QStringList, fatte);
+    QFETCH(QStringList, rimaste);
+    Sito sito;
+    const QString file = sito.dir.filePath(ferma.mid(1));
+    const QByteArray pagina = contenuto(file);
+    sito.server.impostaADueTempi(ferma, pagina, int(pagina.size() / 2), -1);
+    AmbienteProva a;
+    a.impostaSito(sito.server.radice());
+    QVERIFY(a.avvia());
+    a.stato().rete().setTempi(annulla ? Rete::Tempi{2000, 20000, 30000, 2000}
+                                      : Rete::Tempi{2000, 300, 5000, 2000});
+    a.dialoghi.svuota();
+    const auto prima = StrumentiProva::impronte(a.cartella());
+    if (annulla) {
+        // The user waits for the waiting box, then presses its button.
+        auto *attesa = new QTimer;
+        attesa->setInterval(30);
+        QObject::connect(attesa, &QTimer::timeout, [attesa] {
+            for (QWidget *w : QApplication::topLevelWidgets())
+                if (auto *box = qobject_cast<FrmAttendere *>(w); box && box->isVisible()) {
+                    attesa->stop();
+                    attesa->deleteLater();
+                    QTest::mouseClick(box->findChild<QPushButton *>(u"cmdAnnulla"_s),
+                                      Qt::LeftButton);
+                    return;
+                }
+        });
+        attesa->start();
+    }
+    a.dialoghi.risposte.enqueue(true);
+    a.pannello().findChild<QAction *>(voce)->trigger();
+
+    QStringList attesi;
+    for (const TaglioClassifica::Voce &v : TaglioClassifica::voci()) {
+        if (!fatte.contains(TaglioClassifica::nome(v)))
+            continue;
+        const Leghe::Lega &lega = *Leghe::perCodice(QString::fromLatin1(v.codice));
+        attesi << FileDati::percorso(a.cartella(), Leghe::fileClassifica(lega)).section(u'/', -1)
+               << FileDati::percorso(a.cartella(), Leghe::fileSquadre(lega)).section(u'/', -1);
+    }
+    attesi.sort();
+    QCOMPARE(StrumentiProva::cambiati(prima, StrumentiProva::impronte(a.cartella())), attesi);
+    // The site was asked nothing past the page that stopped.
+    const QStringList chiesti = sito.percorsi();
+    QCOMPARE(chiesti.last(), ferma);
+    QCOMPARE(a.dialoghi.boxes.size(), 2);
+    const DialoghiProva::Box box = a.dialoghi.boxes.last();
+    QCOMPARE(box.tipo, Dialoghi::Tipo::Avviso);
+    QCOMPARE(box.titolo, Dialoghi::titoloAggiornamenti());
+    QVERIFY2(box.testo.contains(
+                 annulla ? u"L'aggiornamento è stato annullato."_s
+                         : u"La pagina %1 del sito non è arrivata per intero."_s.arg(ferma)),
+             qPrintable(box.testo));
+    const auto elenco = [](const QStringList &v) {
+        return v.isEmpty() ? u"nessuno"_s : v.join(u", "_s);
+    };
+    QVERIFY2(box.testo.contains(u"Aggiornati: %1.\nLasciati come erano: %2."_s.arg(
+                 elenco(fatte), elenco(rimaste))),
+             qPrintable(box.testo));
+    QCOMPARE(QApplication::overrideCursor(), nullptr);
+    for (QWidget *w : QApplication::topLevelWidgets())
+        QVERIFY(!qobject_cast<FrmAggStra *>(w) || !w->isVisible());
 }
 
 QTEST_MAIN(TstAggiornamentoStraniero)

@@ -12,9 +12,11 @@
 #include "cornice/mdipannello.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/griglia.h"
+#include "piattaforma/rete.h"
 #include "piattaforma/serverhttp.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
@@ -70,6 +72,8 @@ private slots:
     void aggiornaCalendari();
     void secondaDivisioneNonDisponibile();
     void senzaSito();
+    void interruzione_data();
+    void interruzione();
 };
 
 void TstCampionato::serieAConsegnata() {
@@ -230,6 +234,72 @@ void TstCampionato::senzaSito() {
     QCOMPARE(a.dialoghi.boxes.last().testo,
              u"Per utilizzare questa funzione, è necessario essere collegati ad Internet."_s);
     QCOMPARE(a.dialoghi.boxes.last().tipo, Dialoghi::Tipo::Critico);
+}
+
+void TstCampionato::interruzione_data() {
+    QTest::addColumn<QString>("ferma"); // the series whose page stops half-way
+    QTest::addColumn<QStringList>("fatte");
+    QTest::newRow("Serie B") << u"B"_s << QStringList{u"A"_s};
+    QTest::newRow("C2B, nel controllo della seconda divisione") << u"C2B"_s << QStringList();
+    QTest::newRow("C1B") << u"C1B"_s << QStringList{u"A"_s, u"B"_s, u"C1A"_s};
+}
+
+void TstCampionato::interruzione() {
+    // A calendar page that stops half-way stops the refresh: the series before it are refreshed,
+    // that series and the ones after it keep their text and data files byte for byte.
+    QFETCH(QString, ferma);
+    QFETCH(QStringList, fatte);
+    QTemporaryDir dir;
+    ServerHttp server(dir.path());
+    FileDati::scriviRighe(dir.filePath(u"index.html"_s), {u"Vespara"_s});
+    for (const Leghe::Lega &l : Leghe::italiane()) {
+        const QString file = dir.filePath(AggiornamentoCalendari::pagina(l).mid(1));
+        QDir().mkpath(QFileInfo(file).path());
+        FileDati::scriviRighe(
+            file, testo(l.giornate, l.stringheGiornata - 1, QString::fromLatin1(l.codice)));
+    }
+    const QString pagina = AggiornamentoCalendari::pagina(lega(ferma.toLatin1().constData()));
+    const QByteArray corpo = StrumentiProva::contenuto(dir.filePath(pagina.mid(1)));
+    server.impostaADueTempi(pagina, corpo, int(corpo.size() / 2), -1);
+    QVERIFY(server.avvia());
+    AmbienteProva a;
+    a.impostaSito(server.radice());
+    QVERIFY(a.avvia());
+    a.stato().rete().setTempi(Rete::Tempi{2000, 300, 5000, 2000});
+    FrmCampionato *s = apri(a);
+    QVERIFY(s);
+    a.dialoghi.svuota();
+    const auto prima = StrumentiProva::impronte(a.cartella());
+    a.dialoghi.risposte.enqueue(true);
+    QTest::mouseClick(controllo<QPushButton>(s, u"imgDownload"_s), Qt::LeftButton);
+
+    QStringList attesi;
+    QStringList nomiFatti;
+    QStringList nomiRimasti;
+    for (const Leghe::Lega &l : Leghe::italiane()) {
+        const QString nome = QString::fromLatin1(l.nome);
+        if (!fatte.contains(QString::fromLatin1(l.codice))) {
+            nomiRimasti.append(nome);
+            continue;
+        }
+        nomiFatti.append(nome);
+        for (const QString &f : {Leghe::fileCalendarioTesto(l), Leghe::fileCalendarioDati(l)})
+            attesi.append(FileDati::percorso(a.cartella(), f).section(u'/', -1));
+    }
+    attesi.sort();
+    QCOMPARE(StrumentiProva::cambiati(prima, StrumentiProva::impronte(a.cartella())), attesi);
+    QCOMPARE(a.dialoghi.boxes.size(), 2);
+    const DialoghiProva::Box box = a.dialoghi.boxes.last();
+    QCOMPARE(box.tipo, Dialoghi::Tipo::Avviso);
+    QCOMPARE(box.titolo, Dialoghi::titoloAggiornamenti());
+    QVERIFY2(box.testo.contains(u"La pagina %1 del sito non è arrivata per intero."_s.arg(pagina)),
+             qPrintable(box.testo));
+    QVERIFY2(box.testo.endsWith(u"Aggiornati: %1.\nLasciati come erano: %2."_s.arg(
+                 nomiFatti.isEmpty() ? u"nessuno"_s : nomiFatti.join(u", "_s),
+                 nomiRimasti.join(u", "_s))),
+             qPrintable(box.testo));
+    QVERIFY(!controllo<QWidget>(s, u"Barra"_s)->isVisible());
+    QCOMPARE(QApplication::overrideCursor(), nullptr);
 }
 
 QTEST_MAIN(TstCampionato)

@@ -43,6 +43,8 @@ private slots:
     void scriviSottoUnFile();
     void scritturaFallitaLasciaIlVecchio();
     void elimina();
+    void sostituisci_data();
+    void sostituisci();
 };
 
 void TestFileDati::scriviByte_data() {
@@ -310,6 +312,35 @@ void TestFileDati::elimina() {
     QVERIFY(!QFileInfo::exists(percorso));
     QVERIFY(QFileInfo::exists(dir.filePath(u"Resta.txt"_s)));
     QVERIFY2(errore([&] { FileDati::elimina(percorso); }).isNull(), "seconda eliminazione");
+}
+
+void TestFileDati::sostituisci_data() {
+    QTest::addColumn<QStringList>("presenti");
+    QTest::addColumn<QStringList>("restano");
+    const QString nome = u"serieBelgio.txt"_s;
+    QTest::newRow("nessuno") << QStringList{} << QStringList{nome};
+    QTest::newRow("stesso nome") << QStringList{nome} << QStringList{nome};
+    QTest::newRow("altre maiuscole")
+        << QStringList{u"SerieBelgio.txt"_s, u"SERIEBELGIO.TXT"_s} << QStringList{nome};
+    QTest::newRow("nomi solo simili")
+        << QStringList{u"serieBelgio.txt.bak"_s, u"SerieBelgio"_s}
+        << QStringList{u"SerieBelgio"_s, nome, u"serieBelgio.txt.bak"_s};
+}
+
+void TestFileDati::sostituisci() {
+    QFETCH(QStringList, presenti);
+    QFETCH(QStringList, restano);
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    for (const QString &p : presenti)
+        QVERIFY(scriviGrezzo(dir.filePath(p), "vecchia\r\n"));
+    FileDati::sostituisci(dir.path(), u"serieBelgio.txt"_s, {u"NUOVA"_s, u"LISTA"_s});
+    QDir d(dir.path());
+    d.setSorting(QDir::Name | QDir::IgnoreCase);
+    QStringList attesi = restano;
+    attesi.sort(Qt::CaseInsensitive);
+    QCOMPARE(d.entryList(QDir::Files), attesi);
+    QCOMPARE(contenuto(dir.filePath(u"serieBelgio.txt"_s)), QByteArray("NUOVA\r\nLISTA\r\n"));
 }
 
 QTEST_APPLESS_MAIN(TestFileDati)

@@ -50,7 +50,50 @@ void AggiornamentiSito::controllaInterruzione() const {
 }
 
 QString AggiornamentiSito::scaricaInFile(const QString &percorso, const QString &nomeFile) {
-    return ScaricamentoFile::inFile(m_stato.rete(), percorso, m_stato.percorsoFile(nomeFile));
+    m_riepilogo.prevedi({nomeFile});
+    const QString testo =
+        ScaricamentoFile::inFile(m_stato.rete(), percorso, m_stato.percorsoFile(nomeFile));
+    m_riepilogo.fatto(nomeFile);
+    return testo;
+}
+
+void AggiornamentiSito::prevediCompleto(bool archivio) {
+    if (archivio)
+        m_riepilogo.prevedi({testo(Archivio::NomeFile)});
+    m_riepilogo.prevedi(fileClassifiche());
+    m_riepilogo.prevedi(fileSchedine());
+}
+
+QStringList AggiornamentiSito::fileClassifiche() {
+    QStringList v;
+    for (int i = 0; i < NumeroSerie; ++i)
+        v.append(fileClassifica(i));
+    return v;
+}
+
+QStringList AggiornamentiSito::filePicchetti() {
+    QStringList v;
+    for (const Tipo tipo : Picchetti)
+        v.append(FileSchedine::filePicchetto(tipo));
+    return v;
+}
+
+QStringList AggiornamentiSito::fileSchedine() {
+    // The order of aggiornaSchedine: quotas, the coupons with the doubled name, the picchetti,
+    // the midweek coupon under its own name.
+    QStringList v{testo(Quote::File), u"SchedinaSchedinaProssimoConcorso.txt"_s};
+    for (const Tipo tipo : SchedineWeekEnd)
+        v.append(FileSchedine::fileSchedina(tipo));
+    v += filePicchetti();
+    v.append(FileSchedine::fileSchedina(Tipo::Infrasettimanale));
+    return v;
+}
+
+QStringList AggiornamentiSito::fileSchedineEPicchetti() {
+    QStringList v{testo(Quote::File), FileSchedine::fileSchedina(Tipo::Infrasettimanale)};
+    for (const Tipo tipo : SchedineWeekEnd)
+        v.append(FileSchedine::fileSchedina(tipo));
+    return v + filePicchetti();
 }
 
 QStringList AggiornamentiSito::leggiCopia(const QString &nomeFile, int massimo) const {
@@ -104,6 +147,12 @@ void AggiornamentiSito::ricostruisciArchivio(const QStringList &pezzi) {
     controllaInterruzione();
     Archivio::scriviFile(m_stato, nuove);
     Archivio::ricostruisci(m_stato);
+    m_riepilogo.fatto(testo(Archivio::NomeFile));
+}
+
+void AggiornamentiSito::riparaArchivio() {
+    m_riepilogo.prevedi({testo(Archivio::NomeFile)});
+    ricostruisciArchivio(scaricaArchivio());
 }
 
 QString AggiornamentiSito::fileClassifica(int indice) {
@@ -126,6 +175,7 @@ QStringList AggiornamentiSito::aggiornaSerie(int indice) {
 }
 
 void AggiornamentiSito::aggiornaClassifiche(const std::function<void(int)> &avanzamento) {
+    m_riepilogo.prevedi(fileClassifiche());
     for (int i = 0; i < NumeroSerie; ++i) {
         aggiornaSerie(i);
         if (avanzamento)
@@ -134,7 +184,10 @@ void AggiornamentiSito::aggiornaClassifiche(const std::function<void(int)> &avan
 }
 
 QStringList AggiornamentiSito::caricaMontepremi() {
+    const QString file = testo(Quote::File);
+    m_riepilogo.prevedi({file});
     m_copie.quote = Quote::scarica(m_stato);
+    m_riepilogo.fatto(file);
     return m_copie.quote;
 }
 
@@ -160,11 +213,13 @@ void AggiornamentiSito::aggiornaSchedinaProssimoConcorso() {
 }
 
 void AggiornamentiSito::aggiornaPicchetto() {
+    m_riepilogo.prevedi(filePicchetti());
     for (const Tipo tipo : Picchetti)
         scaricaInFile(pagina(FileSchedine::filePicchetto(tipo)), FileSchedine::filePicchetto(tipo));
 }
 
 void AggiornamentiSito::aggiornaSchedine() {
+    m_riepilogo.prevedi(fileSchedine());
     caricaMontepremi();
     aggiornaSchedinaDomenica();
     aggiornaPicchetto();
@@ -172,36 +227,36 @@ void AggiornamentiSito::aggiornaSchedine() {
 }
 
 void AggiornamentiSito::aggiornaSchedineEPicchetti() {
+    m_riepilogo.prevedi(fileSchedineEPicchetti());
     caricaMontepremi();
     aggiornaSchedinaProssimoConcorso();
     aggiornaPicchetto();
 }
 
-void AggiornamentiSito::scaricaInFile(const QList<std::pair<QString, QString>> &pagine,
-                                      const QStringList &daEliminare) {
+void AggiornamentiSito::scaricaInFile(const QList<std::pair<QString, QString>> &pagine) {
+    for (const auto &[percorso, nome] : pagine)
+        m_riepilogo.prevedi({nome});
     // Every page first: a list is replaced only when all the new ones came whole, so a site
-    // that stops half-way leaves the old lists, not a mix or nothing.
+    // that stops half-way leaves the old lists, not a mix.
     QStringList testi;
     for (const auto &[percorso, nome] : pagine)
         testi.append(scaricaPagina(percorso));
     controllaInterruzione();
-    for (const QString &nome : daEliminare)
-        FileDati::elimina(m_stato.percorsoFile(nome));
-    for (qsizetype i = 0; i < pagine.size(); ++i)
-        FileDati::scriviRighe(m_stato.percorsoFile(pagine.at(i).second), Rete::righe(testi.at(i)));
+    // Each file replaced in place: whenever the program stops, every list is whole, old or new.
+    for (qsizetype i = 0; i < pagine.size(); ++i) {
+        FileDati::sostituisci(m_stato.PercorsoDati, pagine.at(i).second, Rete::righe(testi.at(i)));
+        m_riepilogo.fatto(pagine.at(i).second);
+    }
 }
 
 void AggiornamentiSito::aggiornaConcorsiStranieri() {
     QList<std::pair<QString, QString>> pagine;
-    QStringList vecchie;
     // Each list is fetched from the site's page and written under the league's own name, the one
     // every reader of the list asks for (Argentina's page is SerieArgentinaAp.txt, its list
     // serieArgentina.txt).
-    for (const Leghe::Lega &lega : Leghe::straniere()) {
-        vecchie.append(Leghe::fileSquadre(lega));
+    for (const Leghe::Lega &lega : Leghe::straniere())
         pagine.append({u"/vespara/"_s + fileSquadreSito(lega.codice), Leghe::fileSquadre(lega)});
-    }
-    scaricaInFile(pagine, vecchie);
+    scaricaInFile(pagine);
 }
 
 void AggiornamentiSito::aggiornaSquadreItaliane() {

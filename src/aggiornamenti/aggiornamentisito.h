@@ -1,6 +1,7 @@
 #pragma once
 
 #include "piattaforma/rete.h"
+#include "piattaforma/riepilogoaggiornamento.h"
 
 #include <QString>
 #include <QStringList>
@@ -15,8 +16,9 @@ class StatoProgramma;
 // lists it: the archive, the league tables, the quotas, the coupons, the picchetti, the team
 // lists. A step stores whatever the site returned (an error page too), once the page came whole:
 // a page broken off, a cancelled operation or the closing of the program stop the update before
-// anything more is written. The object lives for one update and keeps the memory copies
-// of the league tables and of the quotas that its steps read back.
+// anything more is written, and the summary tells which files were replaced and which were left
+// as they were. The object lives for one update and keeps the memory copies of the league tables
+// and of the quotas that its steps read back.
 class AggiornamentiSito {
 public:
     static constexpr int NumeroSerie = 7;
@@ -47,6 +49,12 @@ public:
     explicit AggiornamentiSito(StatoProgramma &stato);
 
     const Copie &copie() const { return m_copie; }
+    // The files replaced so far, and those the update sets out to replace: each group of steps
+    // lists its files before it fetches anything.
+    RiepilogoAggiornamento &riepilogo() { return m_riepilogo; }
+    const RiepilogoAggiornamento &riepilogo() const { return m_riepilogo; }
+    // The files of the full update, in its order (Archivio.txt first when it is to be rebuilt).
+    void prevediCompleto(bool archivio);
 
     // VerificaConnessione.
     bool verificaConnessione();
@@ -55,9 +63,9 @@ public:
     // and a last line end. Returns the trimmed text.
     QString scaricaInFile(const QString &percorso, const QString &nomeFile);
     // Pages that belong together (the team lists of a season): all fetched before any file is
-    // touched, then `daEliminare` removed and each page written to its file.
-    void scaricaInFile(const QList<std::pair<QString, QString>> &pagine,
-                       const QStringList &daEliminare = {});
+    // touched, then each page written to its file, replaced atomically in place. A file of the
+    // same name in another case is removed once the new one is whole.
+    void scaricaInFile(const QList<std::pair<QString, QString>> &pagine);
     // The page fetched and trimmed, kept in memory only. A page that did not come whole is a
     // fault; a cancelled one an interruption.
     QString scaricaPagina(const QString &percorso);
@@ -83,6 +91,9 @@ public:
     // one without contests, is a run-time fault that leaves the archive as it was.
     void ricostruisciArchivio(const QStringList &pezzi);
 
+    // The repair: the site's archive, with no comparison of sizes, in place of the local one.
+    void riparaArchivio();
+
     // AggiornaSerieA .. AggiornaSerieC2C (indice 0..6): the league table's file, its freshness
     // flag, its memory copy (returned).
     QStringList aggiornaSerie(int indice);
@@ -105,8 +116,8 @@ public:
     void aggiornaSchedineEPicchetti();
 
     // The foreign team lists: each league's list fetched from its page on the site
-    // (SerieInghilterra.txt .. SerieArgentinaAp.txt), then the old files deleted and the new ones
-    // written under the leagues' own names (serieInghilterra.txt .. serieArgentina.txt).
+    // (SerieInghilterra.txt .. SerieArgentinaAp.txt), then each written under the league's own
+    // name (serieInghilterra.txt .. serieArgentina.txt) in place of the old list.
     void aggiornaConcorsiStranieri();
     // The season the site offers (its page, trimmed).
     QString stagioneSulSito() { return scaricaPagina(QString::fromLatin1(PaginaStagione)); }
@@ -116,6 +127,12 @@ public:
     // The names of the files the steps write.
     static QString fileClassifica(int indice);
     static QString fileSquadreSito(const char *codice);
+    static QStringList fileClassifiche();
+    // Those of aggiornaSchedine, of aggiornaSchedineEPicchetti and of aggiornaPicchetto, in the
+    // order they are written.
+    static QStringList fileSchedine();
+    static QStringList fileSchedineEPicchetti();
+    static QStringList filePicchetti();
 
 private:
     QStringList leggiCopia(const QString &nomeFile, int massimo) const;
@@ -125,4 +142,5 @@ private:
     // The update is one operation of the network: cancelled as a whole.
     Rete::Operazione m_operazione;
     Copie m_copie;
+    RiepilogoAggiornamento m_riepilogo;
 };

@@ -18,7 +18,7 @@ const QList<FrmAggiornamentoParziale::Parziale> &FrmAggiornamentoParziale::tutti
          "esso gli archivi del programma, anche quando quelli del computer sono più recenti o "
          "danneggiati.",
          // A repair: no comparison of sizes, the site's archive always wins.
-         [](AggiornamentiSito &sito) { sito.ricostruisciArchivio(sito.scaricaArchivio()); },
+         [](AggiornamentiSito &sito) { sito.riparaArchivio(); },
          [](StatoProgramma &stato, AggiornamentiSito &sito) {
              if (!sito.aggiornaQuote())
                  stato.dialoghi().critico(Dialoghi::titoloAggiornamenti(),

@@ -95,6 +95,7 @@ void FrmInternet::aggiornaParziale(
         if (!collegato(stato, sito))
             return;
         Clessidra clessidra;
+        bool finito = false;
         {
             // Screens that showed files stopped half-way would mislead: they are opened anew
             // whatever happens once a step has begun.
@@ -102,11 +103,15 @@ void FrmInternet::aggiornaParziale(
                 if (riapri)
                     riapriDopoModificaArchivio(stato, false);
             });
-            passi(sito);
+            finito = sito.riepilogo().esegui([&] { passi(sito); });
+        }
+        clessidra.rilascia();
+        if (!finito) {
+            sito.riepilogo().avvisa(stato.dialoghi(), stato.rete());
+            return;
         }
         if (dopo)
             dopo(stato, sito);
-        clessidra.rilascia();
         stato.dialoghi().informazione(Dialoghi::titoloAggiornamenti(), testoFinale);
     });
 }
@@ -120,9 +125,19 @@ void FrmInternet::aggiorna() {
         if (!collegato(stato, sito))
             return;
         Clessidra clessidra;
-        sito.scaricaVersione();
-        const QStringList archivio = sito.scaricaArchivio();
-        const bool ricostruire = AggiornamentiSito::daRicostruire(archivio, stato.NumeroColonne());
+        QStringList archivio;
+        bool ricostruire = true;
+        bool finito = sito.riepilogo().esegui([&] {
+            sito.scaricaVersione();
+            archivio = sito.scaricaArchivio();
+            ricostruire = AggiornamentiSito::daRicostruire(archivio, stato.NumeroColonne());
+        });
+        sito.prevediCompleto(ricostruire);
+        if (!finito) {
+            clessidra.rilascia();
+            sito.riepilogo().avvisa(dialoghi, stato.rete());
+            return;
+        }
         RegistroSchermi *registro = stato.registro();
         {
             // Once the archive is rebuilt, the screens and the dashboard show the new one, also
@@ -138,24 +153,38 @@ void FrmInternet::aggiorna() {
             attesa.setAnnullamento([&stato] { stato.rete().annulla(); });
             attesa.show();
             QApplication::processEvents();
-            if (ricostruire) {
-                sito.ricostruisciArchivio(archivio);
-                ricostruito = true;
-            }
-            sito.aggiornaClassifiche([&attesa](int fatte) {
-                attesa.setValore(1 + fatte);
-                QApplication::processEvents();
+            finito = sito.riepilogo().esegui([&] {
+                if (ricostruire) {
+                    sito.ricostruisciArchivio(archivio);
+                    ricostruito = true;
+                }
+                sito.aggiornaClassifiche([&attesa](int fatte) {
+                    attesa.setValore(1 + fatte);
+                    QApplication::processEvents();
+                });
+                sito.aggiornaSchedine();
             });
-            sito.aggiornaSchedine();
             attesa.close();
-            riaperti.dismiss();
+            if (finito)
+                riaperti.dismiss();
+        }
+        if (!finito) {
+            clessidra.rilascia();
+            sito.riepilogo().avvisa(dialoghi, stato.rete());
+            return;
         }
         riapriDopoModificaArchivio(stato, false);
-        if (!sito.aggiornaQuote())
-            dialoghi.critico(titolo, testo(Quote::SenzaConnessione));
+        bool quote = true;
+        finito = sito.riepilogo().esegui([&] { quote = sito.aggiornaQuote().has_value(); });
         if (registro && !stato.rete().inChiusura())
             registro->aggiornaCruscotto();
         clessidra.rilascia();
+        if (!finito) {
+            sito.riepilogo().avvisa(dialoghi, stato.rete());
+            return;
+        }
+        if (!quote)
+            dialoghi.critico(titolo, testo(Quote::SenzaConnessione));
         dialoghi.informazione(titolo, u"Aggiornamento effettuato."_s);
     });
 }

@@ -45,9 +45,14 @@ void aggiornaCampionato(StatoProgramma &stato) {
     }
     if (!dialoghi.domanda(titolo, QString::fromUtf8(AggiornamentiSito::DomandaStagione) + stagione))
         return;
+    bool finito = false;
     {
         FrmInternet::Clessidra clessidra;
-        sito.aggiornaSquadreItaliane();
+        finito = sito.riepilogo().esegui([&sito] { sito.aggiornaSquadreItaliane(); });
+    }
+    if (!finito) {
+        sito.riepilogo().avvisa(dialoghi, stato.rete());
+        return;
     }
     dialoghi.informazione(titolo, u"Aggiornamento Campionato effettuato."_s);
 }

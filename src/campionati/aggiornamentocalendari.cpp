@@ -1,22 +1,25 @@
 #include "campionati/aggiornamentocalendari.h"
 
-#include "campionati/aggiornamentostraniero.h"
 #include "campionati/filecampionati.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/rete.h"
+#include "piattaforma/scaricamentofile.h"
 
 using namespace Qt::StringLiterals;
 
 AggiornamentoCalendari::AggiornamentoCalendari(StatoProgramma &stato)
-    : m_stato(stato) {}
+    : m_stato(stato) {
+    for (const Leghe::Lega &lega : Leghe::italiane())
+        m_riepilogo.prevedi({QString::fromLatin1(lega.nome)});
+}
 
 QString AggiornamentoCalendari::pagina(const Leghe::Lega &lega) {
     return u"/vespara/"_s + QString::fromLatin1(lega.calendario) + u".html"_s;
 }
 
 QString AggiornamentoCalendari::scarica(const Leghe::Lega &lega) {
-    return Rete::togliBlank(AggiornamentoStraniero::scarica(m_stato, pagina(lega)));
+    return ScaricamentoFile::pagina(m_stato.rete(), pagina(lega));
 }
 
 bool AggiornamentoCalendari::secondaDivisioneDisponibile() {
@@ -33,8 +36,10 @@ void AggiornamentoCalendari::aggiorna(const std::function<void(int)> &avanzament
         // The line end of the last line opens no string.
         if (!righe.isEmpty() && righe.last().isEmpty())
             righe.removeLast();
+        ScaricamentoFile::controllaInterruzione(m_stato.rete());
         FileDati::scriviRighe(m_stato.percorsoFile(Leghe::fileCalendarioTesto(lega)), righe);
         FileCampionati::ricreaCalendario(m_stato.PercorsoDati, lega);
+        m_riepilogo.fatto(QString::fromLatin1(lega.nome));
         if (avanzamento)
             avanzamento(++fatte);
     }

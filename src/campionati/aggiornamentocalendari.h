@@ -1,6 +1,7 @@
 #pragma once
 
 #include "campionati/leghe.h"
+#include "piattaforma/riepilogoaggiornamento.h"
 
 #include <QString>
 
@@ -9,7 +10,9 @@
 class StatoProgramma;
 
 // The refresh of the calendars of the seven Italian series from the site: each page stored as
-// the series' text file, then its data file built from it.
+// the series' text file, then its data file built from it. A series' files are replaced only
+// from its own page, received whole: a page broken off, a site gone silent or "Annulla" stop the
+// refresh, and the series not reached keep their files as they were.
 class AggiornamentoCalendari {
 public:
     static constexpr const char *Domanda =
@@ -30,8 +33,13 @@ public:
     // `avanzamento` hears how many are done.
     void aggiorna(const std::function<void(int)> &avanzamento = {});
 
+    // The series refreshed so far, and the seven the refresh sets out to refresh.
+    const RiepilogoAggiornamento &riepilogo() const { return m_riepilogo; }
+    RiepilogoAggiornamento &riepilogo() { return m_riepilogo; }
+
 private:
     QString scarica(const Leghe::Lega &lega);
 
     StatoProgramma &m_stato;
+    RiepilogoAggiornamento m_riepilogo;
 };

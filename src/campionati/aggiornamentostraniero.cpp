@@ -5,6 +5,7 @@
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/rete.h"
+#include "piattaforma/scaricamentofile.h"
 
 #include <QDateTime>
 #include <QUrl>
@@ -16,16 +17,10 @@ using namespace Qt::StringLiterals;
 AggiornamentoStraniero::AggiornamentoStraniero(StatoProgramma &stato)
     : m_stato(stato) {}
 
-QString AggiornamentoStraniero::scarica(StatoProgramma &stato, const QString &percorso) {
-    const Rete::Pagina pagina = stato.rete().scarica(percorso);
-    if (pagina.esito == Rete::Esito::Annullata || stato.rete().interrotta())
-        throw ErroreEsecuzione::interruzione();
-    // What came is used as it is: a failed page is blanks, and the table comes out empty.
-    return pagina.testo;
-}
-
 QString AggiornamentoStraniero::link(const TaglioClassifica::Voce &voce) {
-    const QString testo = scarica(m_stato, QString::fromLatin1(voce.paginaLink)).trimmed();
+    const QString testo =
+        ScaricamentoFile::paginaIntera(m_stato.rete(), QString::fromLatin1(voce.paginaLink))
+            .trimmed();
     const QUrl indirizzo(testo);
     if (!indirizzo.scheme().isEmpty() && indirizzo.isValid())
         return indirizzo.path(QUrl::FullyEncoded) +
@@ -38,8 +33,12 @@ void AggiornamentoStraniero::aggiorna(const TaglioClassifica::Voce &voce, const 
     if (!lega)
         throw ErroreEsecuzione(
             u"Campionato %1 sconosciuto."_s.arg(QString::fromLatin1(voce.codice)));
-    // An empty address fetches nothing: the page is empty, as a failed one.
-    const QString pagina = link.isEmpty() ? QString() : scarica(m_stato, link);
+    m_riepilogo.prevedi({TaglioClassifica::nome(voce)});
+    // An empty address (a link page that came whole with nothing in it) fetches nothing: the
+    // table comes out empty, as from a page without the marker.
+    const QString pagina =
+        link.isEmpty() ? QString() : ScaricamentoFile::paginaIntera(m_stato.rete(), link);
+    ScaricamentoFile::controllaInterruzione(m_stato.rete());
     const QString lavoro =
         FileDati::percorso(m_stato.PercorsoDati, QString::fromLatin1(voce.fileLavoro));
     FileDati::scriviRighe(lavoro, {pagina});
@@ -49,6 +48,7 @@ void AggiornamentoStraniero::aggiorna(const TaglioClassifica::Voce &voce, const 
     TaglioClassifica::scrivi(m_stato.PercorsoDati, *lega, voce, tabella,
                              QDateTime::currentDateTime());
     FileDati::elimina(lavoro);
+    m_riepilogo.fatto(TaglioClassifica::nome(voce));
 }
 
 QList<const TaglioClassifica::Voce *> AggiornamentoStraniero::inOrdineAlfabetico() {
@@ -63,6 +63,8 @@ QList<const TaglioClassifica::Voce *> AggiornamentoStraniero::inOrdineAlfabetico
 
 void AggiornamentoStraniero::aggiornaTutte(const std::function<void()> &dopoILink,
                                            const std::function<void(const QString &)> &progresso) {
+    for (const TaglioClassifica::Voce &v : TaglioClassifica::voci())
+        m_riepilogo.prevedi({TaglioClassifica::nome(v)});
     QHash<const TaglioClassifica::Voce *, QString> link;
     for (const TaglioClassifica::Voce *v : inOrdineAlfabetico())
         link.insert(v, this->link(*v));

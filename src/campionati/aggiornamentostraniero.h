@@ -2,6 +2,8 @@
 
 #include "campionati/taglioclassifica.h"
 
+#include "piattaforma/riepilogoaggiornamento.h"
+
 #include <QString>
 
 #include <functional>
@@ -10,8 +12,10 @@ class StatoProgramma;
 
 // The update of the foreign league tables from the site: for each league its link page gives the
 // address of the page to cut, the page is stored in the league's working file, read back, cut
-// and written to the table file and the team list. There is no check of what came: a page that
-// failed or lacks the marker empties the league's table, as the cutting requires.
+// and written to the table file and the team list. A league's files are replaced only from its
+// own page, received whole: a page broken off, a site gone silent or "Annulla" stop the run, and
+// the leagues not reached keep their files as they were. What came whole is not judged: a page
+// without the marker empties the league's table, as the cutting requires.
 class AggiornamentoStraniero {
 public:
     static constexpr const char *Domanda =
@@ -31,13 +35,14 @@ public:
     void aggiornaTutte(const std::function<void()> &dopoILink,
                        const std::function<void(const QString &)> &progresso);
 
-    // A page of the site as it came (blanks when it failed); an interruption when the operation
-    // was cancelled or the program is closing.
-    static QString scarica(StatoProgramma &stato, const QString &percorso);
+    // The leagues refreshed so far, and those the run set out to refresh (by their names).
+    const RiepilogoAggiornamento &riepilogo() const { return m_riepilogo; }
+    RiepilogoAggiornamento &riepilogo() { return m_riepilogo; }
 
     // The leagues in the alphabetical order of their names (the order of the link pages).
     static QList<const TaglioClassifica::Voce *> inOrdineAlfabetico();
 
 private:
     StatoProgramma &m_stato;
+    RiepilogoAggiornamento m_riepilogo;
 };

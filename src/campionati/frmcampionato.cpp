@@ -179,23 +179,36 @@ void FrmCampionato::scarica() {
         return;
     }
     AggiornamentoCalendari aggiornamento(m_stato);
+    RiepilogoAggiornamento &riepilogo = aggiornamento.riepilogo();
+    bool disponibile = true;
     {
         MdiClessidra clessidra;
-        if (!aggiornamento.secondaDivisioneDisponibile()) {
+        if (!riepilogo.esegui([&] { disponibile = aggiornamento.secondaDivisioneDisponibile(); })) {
             clessidra.rilascia();
-            if (!dialoghi.domanda(
-                    titolo, QString::fromUtf8(AggiornamentoCalendari::DomandaSecondaDivisione)))
-                return;
+            riepilogo.avvisa(dialoghi, m_stato.rete());
+            return;
         }
     }
-    MdiClessidra clessidra;
-    m_barra->setValue(0);
-    m_barra->setVisible(true);
-    const auto nascondi = qScopeGuard([this] { m_barra->setVisible(false); });
-    aggiornamento.aggiorna([this](int fatte) {
-        m_barra->setValue(fatte);
-        QCoreApplication::processEvents();
-    });
+    if (!disponibile &&
+        !dialoghi.domanda(titolo,
+                          QString::fromUtf8(AggiornamentoCalendari::DomandaSecondaDivisione)))
+        return;
+    {
+        MdiClessidra clessidra;
+        m_barra->setValue(0);
+        m_barra->setVisible(true);
+        const auto nascondi = qScopeGuard([this] { m_barra->setVisible(false); });
+        riepilogo.esegui([&] {
+            aggiornamento.aggiorna([this](int fatte) {
+                m_barra->setValue(fatte);
+                QCoreApplication::processEvents();
+            });
+        });
+    }
+    // The series refreshed before a stop show at once; the box then says which were left.
+    if (m_stato.rete().inChiusura())
+        return;
     caricaSerie(m_serie);
     mostraGiornata(0);
+    riepilogo.avvisa(dialoghi, m_stato.rete());
 }

@@ -32,20 +32,30 @@ void MdiCampionati::aggiornaStraniere(RegistroSchermi &pannello, const char *cod
             dialoghi.critico(titolo, QString::fromUtf8(AggiornamentoStraniero::SenzaConnessione));
             return;
         }
-        MdiClessidra clessidra;
         AggiornamentoStraniero aggiornamento(stato);
-        FrmAggStra finestra(pannello.finestra());
-        if (const TaglioClassifica::Voce *voce =
-                codice ? TaglioClassifica::perCodice(QString::fromLatin1(codice)) : nullptr) {
-            const QString link = aggiornamento.link(*voce);
-            finestra.show();
-            finestra.setTesto(TaglioClassifica::nome(*voce));
-            aggiornamento.aggiorna(*voce, link);
-            return;
+        {
+            MdiClessidra clessidra;
+            FrmAggStra finestra(pannello.finestra());
+            const TaglioClassifica::Voce *voce =
+                codice ? TaglioClassifica::perCodice(QString::fromLatin1(codice)) : nullptr;
+            const bool finito = aggiornamento.riepilogo().esegui([&] {
+                if (voce) {
+                    aggiornamento.riepilogo().prevedi({TaglioClassifica::nome(*voce)});
+                    const QString link = aggiornamento.link(*voce);
+                    finestra.show();
+                    finestra.setTesto(TaglioClassifica::nome(*voce));
+                    aggiornamento.aggiorna(*voce, link);
+                    return;
+                }
+                aggiornamento.aggiornaTutte(
+                    [&finestra] { finestra.show(); },
+                    [&finestra](const QString &testo) { finestra.setTesto(testo); });
+            });
+            if (finito)
+                return;
         }
-        aggiornamento.aggiornaTutte(
-            [&finestra] { finestra.show(); },
-            [&finestra](const QString &testo) { finestra.setTesto(testo); });
+        // The window and the hourglass are gone before the box that tells what was left.
+        aggiornamento.riepilogo().avvisa(dialoghi, stato.rete());
     });
 }
 

@@ -65,6 +65,15 @@ void FileDati::scriviRighe(const QString &percorsoFile, const QStringList &righe
             QDir::toNativeSeparators(percorsoFile), file.errorString()));
 }
 
+void FileDati::sostituisci(const QString &cartella, const QString &nome, const QStringList &righe) {
+    const QDir dir(cartella);
+    scriviRighe(dir.filePath(nome), righe);
+    const QStringList voci = dir.entryList(QDir::Files | QDir::Hidden | QDir::System);
+    for (const QString &voce : voci)
+        if (voce != nome && voce.compare(nome, Qt::CaseInsensitive) == 0)
+            elimina(dir.filePath(voce));
+}
+
 void FileDati::elimina(const QString &percorsoFile) {
     QFile file(percorsoFile);
     if (file.exists() && !file.remove())

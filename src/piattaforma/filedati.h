@@ -21,6 +21,10 @@ public:
     // Writes the lines, each ended by CR LF, replacing the file whole: a write that fails leaves
     // the old file and raises a fault.
     static void scriviRighe(const QString &percorsoFile, const QStringList &righe);
+    // Writes the lines to the file of exactly this name in `cartella`, replacing it whole and
+    // atomically; a file whose name differs from it in case only is removed once the new one is
+    // whole, so that the folder ends with the one name (at every moment it holds a whole file).
+    static void sostituisci(const QString &cartella, const QString &nome, const QStringList &righe);
     // Removes the file if it is there; a failure is a fault.
     static void elimina(const QString &percorsoFile);
 

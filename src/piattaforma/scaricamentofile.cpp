@@ -6,16 +6,18 @@
 
 using namespace Qt::StringLiterals;
 
-QString ScaricamentoFile::pagina(Rete &rete, const QString &percorso) {
+QString ScaricamentoFile::paginaIntera(Rete &rete, const QString &percorso) {
     const Rete::Pagina pagina = rete.scarica(percorso);
-    if (pagina.esito == Rete::Esito::Annullata)
+    if (pagina.esito == Rete::Esito::Annullata || rete.interrotta())
         throw ErroreEsecuzione::interruzione();
     // A page broken off would take the place of a good file: the update stops before it.
     if (!pagina.intera())
-        throw ErroreEsecuzione(
-            u"La pagina %1 del sito non è arrivata per intero: l'aggiornamento si è fermato qui. "
-            "I file non ancora aggiornati sono rimasti come erano."_s.arg(percorso));
-    return Rete::togliBlank(pagina.testo);
+        throw ErroreEsecuzione(u"La pagina %1 del sito non è arrivata per intero."_s.arg(percorso));
+    return pagina.testo;
+}
+
+QString ScaricamentoFile::pagina(Rete &rete, const QString &percorso) {
+    return Rete::togliBlank(paginaIntera(rete, percorso));
 }
 
 void ScaricamentoFile::controllaInterruzione(const Rete &rete) {

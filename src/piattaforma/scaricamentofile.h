@@ -9,8 +9,11 @@ class Rete;
 // from the site goes through here.
 class ScaricamentoFile {
 public:
-    // The page fetched, without the blanks that pad it. A page that did not come whole is a
-    // run-time fault; a cancelled one an interruption.
+    // The page fetched as the download gives it, padded with blanks. A page that did not come
+    // whole (broken off, a site gone silent, no connection) is a run-time fault; a cancelled one an
+    // interruption: a refresh never replaces a file from part of a page.
+    static QString paginaIntera(Rete &rete, const QString &percorso);
+    // The same, without the blanks that pad it.
     static QString pagina(Rete &rete, const QString &percorso);
     // An interruption when the operation was cancelled or the program is closing.
     static void controllaInterruzione(const Rete &rete);

@@ -4,6 +4,8 @@
 #include "piattaforma/vistagriglia.h"
 
 #include <QCheckBox>
+#include <QCryptographicHash>
+#include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -21,6 +23,30 @@ QByteArray contenuto(const QString &percorso) {
 bool scriviGrezzo(const QString &percorso, const QByteArray &byte) {
     QFile f(percorso);
     return f.open(QIODevice::WriteOnly) && f.write(byte) == byte.size();
+}
+
+QMap<QString, QByteArray> impronte(const QString &cartella) {
+    QMap<QString, QByteArray> v;
+    const QDir d(cartella);
+    const QStringList nomi = d.entryList(QDir::Files | QDir::Hidden);
+    for (const QString &n : nomi)
+        if (n != QStringLiteral("impostazioni.ini"))
+            v.insert(n,
+                     QCryptographicHash::hash(contenuto(d.filePath(n)), QCryptographicHash::Sha256)
+                         .toHex());
+    return v;
+}
+
+QStringList cambiati(const QMap<QString, QByteArray> &prima,
+                     const QMap<QString, QByteArray> &dopo) {
+    QStringList nomi = prima.keys() + dopo.keys();
+    nomi.removeDuplicates();
+    nomi.sort();
+    QStringList v;
+    for (const QString &n : std::as_const(nomi))
+        if (prima.value(n) != dopo.value(n))
+            v.append(n);
+    return v;
 }
 
 QString errore(const std::function<void()> &azione) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QByteArray>
+#include <QMap>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -18,6 +20,11 @@ namespace StrumentiProva {
 QByteArray contenuto(const QString &percorso);
 // Writes the bytes as they are; false when that failed.
 bool scriviGrezzo(const QString &percorso, const QByteArray &byte);
+// The sha256 of every file in a data folder, by name: what the tests compare before and after an
+// operation. The settings store the tests keep in the same folder is no data file, and is left out.
+QMap<QString, QByteArray> impronte(const QString &cartella);
+// The names whose fingerprint differs (a file that came or went counts too), in order.
+QStringList cambiati(const QMap<QString, QByteArray> &prima, const QMap<QString, QByteArray> &dopo);
 // The text of the fault that `azione` raises; a null text when it raises none.
 QString errore(const std::function<void()> &azione);
 // A caption as the menu shows it: each "&" that marks an access key is dropped, "&&" is one "&".
