@@ -7,7 +7,10 @@
 
 #include "core/statoprogramma.h"
 #include "cornice/mdipannello.h"
+#include "piattaforma/stampanteqt.h"
 #include "stampa/calibrazionestampanti.h"
+#include "stampa/dispositivodocumento.h"
+#include "stampa/documentopagine.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -15,8 +18,12 @@
 #include <QPushButton>
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QPainter>
+#include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QProcess>
@@ -24,7 +31,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <array>
 #include <cmath>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -32,6 +41,9 @@ namespace {
 
 CupsPrivato *cups = nullptr;
 bool avviato = false;
+// A queue like most real printers: a driver that can't print 18 points at the sides and 36 at
+// the top and bottom of the sheet.
+const QString CodaConMargini = u"VesparaMargini"_s;
 
 struct Cerchio {
     double x, y, raggio; // millimetres from the top left corner of the sheet
@@ -75,7 +87,12 @@ private slots:
     void codaElencata();
     void cerchiStampati();
     void lavoriInOrdine();
+    void schedineDalProgramma_data();
     void schedineDalProgramma();
+    void schedineSuStampanteConMargini();
+    void schedineSuPdfSceltoNelDialogo_data();
+    void schedineSuPdfSceltoNelDialogo();
+    void documentoDallAngoloDelFoglio();
 };
 
 void TestCups::initTestCase() {
@@ -201,59 +218,209 @@ void TestCups::lavoriInOrdine() {
     QVERIFY(cups->errore().contains(u"Nessun PDF"_s));
 }
 
-// The program itself: its screen lists the queue, and a run of nine columns printed there comes
-// back as two slips with every mark in its place, counted from the queue's printable area.
-void TestCups::schedineDalProgramma() {
-    AmbienteProva a;
-    QVERIFY(a.avvia());
-    const QStringList colonne{u"1X21X21X2"_s, u"X21X21X21"_s, u"21X21X21X"_s,
-                              u"111XXX222"_s, u"XXX222111"_s, u"222111XXX"_s,
-                              u"1122XX12X"_s, u"X1X2X1X2X"_s, u"2X1X21X12"_s};
-    const std::array<QString, 5> ultime{u"1X2"_s, u"2"_s, u"x1"_s, u"X"_s, u"21"_s};
-    a.stato().ColonneStampa = colonne;
+namespace {
+
+// The slips of the program's screen: nine columns, the printer chosen in its list, the offsets
+// and the last five boxes typed, "Stampa schedine" clicked; `nelDialogo` is what the user does in
+// the print dialog. What went wrong, or an empty text.
+const QStringList ColonneSchedine{u"1X21X21X2"_s, u"X21X21X21"_s, u"21X21X21X"_s,
+                                  u"111XXX222"_s, u"XXX222111"_s, u"222111XXX"_s,
+                                  u"1122XX12X"_s, u"X1X2X1X2X"_s, u"2X1X21X12"_s};
+const std::array<QString, 5> UltimeSchedine{u"1X2"_s, u"2"_s, u"x1"_s, u"X"_s, u"21"_s};
+
+QString stampaSchedine(AmbienteProva &a, const QString &coda, double posX, double posY,
+                       std::function<void(QPrinter &)> nelDialogo = {}) {
+    if (!a.avvia())
+        return u"il programma non parte"_s;
+    a.stato().ColonneStampa = ColonneSchedine;
     a.stato().PrimaColonnaStampa = 1;
     a.stato().UltimaColonnaStampa = 9;
     QWidget *frm = a.pannello().apriSchermo(u"frmStampa"_s);
-    QVERIFY(frm);
-    QCOMPARE(a.dialoghi.testi(), QStringList{CalibrazioneStampanti::messaggioPrimoAvvio()});
+    if (!frm)
+        return u"frmStampa non si apre"_s;
+    if (a.dialoghi.testi() != QStringList{CalibrazioneStampanti::messaggioPrimoAvvio()})
+        return u"all'apertura: "_s + a.dialoghi.testi().join(u'|');
     a.dialoghi.svuota();
-    auto *cmb = frm->findChild<QComboBox *>(u"cmbStampante"_s);
-    QCOMPARE(cmb->currentText(), cups->nomeCoda());
+    // The queue chosen in the list of the screen: the print dialog opens on it.
+    auto *cmb = StrumentiProva::controllo<QComboBox>(frm, u"cmbStampante"_s);
+    const int voce = cmb->findText(coda);
+    if (voce < 0)
+        return u"%1 non è tra le stampanti"_s.arg(coda);
+    cmb->setCurrentIndex(voce);
+    emit cmb->activated(voce);
     const auto scrivi = [frm](const QString &nome, const QString &testo) {
         StrumentiProva::scriviSopra(StrumentiProva::controllo<QLineEdit>(frm, nome), testo);
     };
-    scrivi(u"txtPosX"_s, u"120"_s);
-    scrivi(u"txtPosY"_s, u"-90"_s);
+    scrivi(u"txtPosX"_s, QString::number(posX));
+    scrivi(u"txtPosY"_s, QString::number(posY));
     for (int k = 0; k < 5; ++k)
-        scrivi(u"txt%1"_s.arg(10 + k), ultime.at(k));
-    QTest::mouseClick(frm->findChild<QPushButton *>(u"cmdStampa"_s), Qt::LeftButton);
-    QVERIFY2(a.dialoghi.boxes.isEmpty(), qPrintable(a.dialoghi.testi().join(u'|')));
-    QCOMPARE(a.dialoghi.dialoghiStampa, 1);
+        scrivi(u"txt%1"_s.arg(10 + k), UltimeSchedine.at(k));
+    a.dialoghi.nelDialogoStampa = std::move(nelDialogo);
+    QTest::mouseClick(StrumentiProva::controllo<QPushButton>(frm, u"cmdStampa"_s), Qt::LeftButton);
+    if (!a.dialoghi.boxes.isEmpty())
+        return a.dialoghi.testi().join(u'|');
+    if (a.dialoghi.dialoghiStampa != 1)
+        return u"%1 finestre di stampa"_s.arg(a.dialoghi.dialoghiStampa);
+    return {};
+}
 
-    const QString pdf = cups->attendiPdf(60000);
-    QVERIFY2(!pdf.isEmpty(), qPrintable(cups->errore()));
-    QCOMPARE(SegniPdf::paginePdf(SegniPdf::infoPdf(pdf)), 2);
+// The two slips of that run in the PDF file, every mark where the slip's measures put it, counted
+// from the corner of the sheet: the offsets are the only shift.
+QStringList confrontaSchedine(const QString &pdf, double posX, double posY) {
+    if (SegniPdf::paginePdf(SegniPdf::infoPdf(pdf)) != 2)
+        return {u"%1 non ha due pagine"_s.arg(pdf)};
     QTemporaryDir cartella;
     const QList<QImage> pagine = SegniPdf::pagine(pdf, cartella.path());
-    QCOMPARE(pagine.size(), 2);
-    // Where the queue's printable area starts on the sheet: the slips count from there.
-    QPrinter stampante(QPrinter::HighResolution);
-    stampante.setPrinterName(cups->nomeCoda());
-    stampante.setPageSize(QPageSize(QPageSize::A4));
-    const QPointF origine = stampante.pageLayout().paintRect(QPageLayout::Point).topLeft() * 20;
-    const auto attesi = SegniPdf::attesi(colonne, 1, 9, ultime, false, 120, -90);
-    for (int p = 0; p < 2; ++p) {
-        const QStringList problemi =
-            SegniPdf::confronta(pagine.at(p), attesi.at(p), p + 1, origine);
-        QVERIFY2(problemi.isEmpty(), qPrintable(problemi.join(u'\n')));
+    if (pagine.size() != 2)
+        return {u"pdftoppm non ha reso le due pagine di %1"_s.arg(pdf)};
+    const auto attesi = SegniPdf::attesi(ColonneSchedine, 1, 9, UltimeSchedine, false, posX, posY);
+    if (const QString foto = qEnvironmentVariable("VESPARA_FOTO"); !foto.isEmpty()) {
+        QDir().mkpath(foto);
+        pagine.first().save(
+            QDir(foto).filePath(u"schedine-cups-%1.png"_s.arg(QFileInfo(pdf).baseName())));
     }
+    QStringList problemi;
+    double scarto = 0;
+    for (int p = 0; p < 2; ++p)
+        problemi += SegniPdf::confronta(pagine.at(p), attesi.at(p), p + 1, &scarto);
+    if (problemi.isEmpty())
+        qInfo("scarto massimo: %.3f mm", scarto / SegniPdf::TwipsPerMm);
+    return problemi;
+}
+
+} // namespace
+
+// The program itself: its screen lists the queue, and a run of nine columns printed there comes
+// back as two slips with every mark in its place on the sheet. The queue's page has margins (Qt's
+// 10 points, though its driver can print the whole sheet): they must not move the marks.
+void TestCups::schedineDalProgramma_data() {
+    QTest::addColumn<double>("posX");
+    QTest::addColumn<double>("posY");
+    QTest::newRow("senza scostamenti") << 0.0 << 0.0;
+    QTest::newRow("X 120, Y -90") << 120.0 << -90.0;
+}
+
+void TestCups::schedineDalProgramma() {
+    QFETCH(double, posX);
+    QFETCH(double, posY);
+    AmbienteProva a;
+    const QString errore = stampaSchedine(a, cups->nomeCoda(), posX, posY);
+    QVERIFY2(errore.isEmpty(), qPrintable(errore));
+    const QString pdf = cups->attendiPdf(60000);
+    QVERIFY2(!pdf.isEmpty(), qPrintable(cups->errore()));
+    const QStringList problemi = confrontaSchedine(pdf, posX, posY);
+    QVERIFY2(problemi.isEmpty(), qPrintable(problemi.join(u'\n')));
+}
+
+// A printer whose driver can't print the edges of the sheet: its printable area doesn't move the
+// marks either (those that fall on the edges would be lost on paper, which the offsets are for).
+void TestCups::schedineSuStampanteConMargini() {
+    AmbienteProva a;
+    const QString errore = stampaSchedine(a, CodaConMargini, 0, 0);
+    QVERIFY2(errore.isEmpty(), qPrintable(errore));
+    const QString pdf = cups->attendiPdf(60000);
+    QVERIFY2(!pdf.isEmpty(), qPrintable(cups->errore()));
+    const QStringList problemi = confrontaSchedine(pdf, 0, 0);
+    QVERIFY2(problemi.isEmpty(), qPrintable(problemi.join(u'\n')));
+}
+
+// The queue offered by the print dialog, and the user chooses there to print to a PDF file
+// instead: the real dialog of Qt on the program's printer, the file's entry chosen and named, OK.
+void TestCups::schedineSuPdfSceltoNelDialogo_data() {
+    QTest::addColumn<QString>("coda");
+    QTest::newRow("coda senza margini") << cups->nomeCoda();
+    QTest::newRow("coda con margini") << CodaConMargini;
+}
+
+void TestCups::schedineSuPdfSceltoNelDialogo() {
+    QFETCH(QString, coda);
+    QTemporaryDir uscita;
+    const QString file = uscita.filePath(u"schedine.pdf"_s);
+    QString offerta;
+    QPrinter::OutputFormat formato = QPrinter::NativeFormat;
+    bool dialogoTrovato = false;
+    AmbienteProva a;
+    const QString errore = stampaSchedine(a, coda, 0, 0, [&](QPrinter &stampante) {
+        offerta = stampante.printerName();
+        QPrintDialog dialogo(&stampante);
+        dialogo.show();
+        auto *stampanti = dialogo.findChild<QComboBox *>(u"printers"_s);
+        auto *nome = dialogo.findChild<QLineEdit *>(u"filename"_s);
+        dialogoTrovato = stampanti && nome;
+        if (!dialogoTrovato)
+            return;
+        // The entry of the PDF file is the last of the list of printers.
+        stampanti->setCurrentIndex(stampanti->count() - 1);
+        nome->setText(file);
+        dialogo.accept();
+        formato = stampante.outputFormat();
+    });
+    QVERIFY2(errore.isEmpty(), qPrintable(errore));
+    QVERIFY2(dialogoTrovato,
+             "la finestra di stampa di Qt non ha più i controlli printers e filename");
+    QCOMPARE(offerta, coda);
+    QCOMPARE(formato, QPrinter::PdfFormat);
+    QVERIFY(QFile::exists(file));
+    QCOMPARE(a.dialoghi.avvisiStato,
+             QStringList{u"File salvato in "_s + QDir::toNativeSeparators(file)});
+    // Nothing went to the queue.
+    QVERIFY(cups->attendiPdf(1000).isEmpty());
+    const QStringList problemi = confrontaSchedine(file, 0, 0);
+    QVERIFY2(problemi.isEmpty(), qPrintable(problemi.join(u'\n')));
+}
+
+// A page of the page documents (the reports, the lists of the preview) printed on the printer
+// with unprintable edges: like the slips, it is laid out from the corner of the sheet.
+void TestCups::documentoDallAngoloDelFoglio() {
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    // A filled band of dark blue (colour 1) 2 to 5 inches from the left, 3 to 4 from the top.
+    const QRectF banda(2880, 4320, 4320, 1440);
+    DispositivoDocumento documento;
+    documento.rettangolo(banda, QColor(), DocumentoPagine::colore(1));
+    documento.fineDocumento();
+    {
+        StampanteQt stampante(a.dialoghi, a.impostazioni(), QString(), false);
+        stampante.stampante().setPrinterName(CodaConMargini);
+        stampante.setNomeDocumento(u"vespara-documento"_s);
+        QVERIFY(stampante.controlla());
+        DocumentoPagine::stampaPagine(documento.record(), stampante.inizia(), 1, 1);
+        stampante.fine();
+    }
+    const QString pdf = cups->attendiPdf(60000);
+    QVERIFY2(!pdf.isEmpty(), qPrintable(cups->errore()));
+    QTemporaryDir cartella;
+    const QList<QImage> pagine = SegniPdf::pagine(pdf, cartella.path());
+    QCOMPARE(pagine.size(), 1);
+    const QImage &pagina = pagine.first();
+    QRect nero;
+    for (int y = 0; y < pagina.height(); ++y) {
+        const uchar *riga = pagina.constScanLine(y);
+        for (int x = 0; x < pagina.width(); ++x)
+            if (riga[x] < 128)
+                nero = nero.united(QRect(x, y, 1, 1));
+    }
+    QVERIFY(!nero.isEmpty());
+    // Each edge within 0.2 mm of its place, and a pixel for where the edge cuts it.
+    const double pixel = SegniPdf::TwipsPerPollice / SegniPdf::Dpi;
+    const double tolleranza = SegniPdf::Tolleranza + pixel;
+    const QRectF trovata(nero.x() * pixel, nero.y() * pixel, nero.width() * pixel,
+                         nero.height() * pixel);
+    const auto mm = [](double t) { return QString::number(t / SegniPdf::TwipsPerMm, 'f', 2); };
+    QVERIFY2(std::abs(trovata.left() - banda.left()) <= tolleranza &&
+                 std::abs(trovata.top() - banda.top()) <= tolleranza &&
+                 std::abs(trovata.right() - banda.right()) <= tolleranza &&
+                 std::abs(trovata.bottom() - banda.bottom()) <= tolleranza,
+             qPrintable(u"la banda va da %1, %2 a %3, %4 mm invece che da %5, %6 a %7, %8 mm"_s.arg(
+                 mm(trovata.left()), mm(trovata.top()), mm(trovata.right()), mm(trovata.bottom()),
+                 mm(banda.left()), mm(banda.top()), mm(banda.right()), mm(banda.bottom()))));
 }
 
 // The private cupsd comes first: libcups reads CUPS_SERVER once, when the application's print
 // support first touches it.
 int main(int argc, char *argv[]) {
     CupsPrivato server;
-    avviato = server.avvia();
+    avviato = server.avvia() && server.aggiungiCodaConMargini(CodaConMargini, {18, 36, 18, 36});
     cups = &server;
     QApplication app(argc, argv);
     TestCups prova;

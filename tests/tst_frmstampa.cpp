@@ -2,16 +2,19 @@
 // offsets, the file of the offsets, the checks before a run, the run to a PDF file and its
 // preview.
 #include "supporto/ambienteprova.h"
+#include "supporto/segnipdf.h"
 #include "supporto/strumentiprova.h"
 
 #include "core/mdistile.h"
 #include "core/statoprogramma.h"
 #include "cornice/mdipannello.h"
+#include "piattaforma/dispositivoregistratore.h"
 #include "piattaforma/impostazioni.h"
 #include "stampa/calibrazionestampanti.h"
 #include "stampa/documentopagine.h"
 #include "stampa/frmanteprima.h"
 #include "stampa/frmstampa.h"
+#include "stampa/stampaschedine.h"
 
 #include <QAction>
 #include <QApplication>
@@ -24,6 +27,9 @@
 #include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <array>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -108,6 +114,8 @@ private slots:
     void intervalloResta();
     void provaNonFaNulla();
     void anteprima();
+    void anteprimaComeLaCarta_data();
+    void anteprimaComeLaCarta();
     void anteprimaRifiutata();
 };
 
@@ -458,6 +466,67 @@ void TstFrmStampa::anteprima() {
     QCOMPARE(primo->y1, float(-750 + 720.15 + 2850));
     AmbienteProva::fotografa(anteprima, u"anteprimaSchedine"_s);
     anteprima->close();
+}
+
+void TstFrmStampa::anteprimaComeLaCarta_data() {
+    QTest::addColumn<double>("posX");
+    QTest::addColumn<double>("posY");
+    QTest::newRow("senza scostamenti") << 0.0 << 0.0;
+    QTest::newRow("X 120, Y -90") << 120.0 << -90.0;
+}
+
+// What the preview draws, read through the recording device page by page: each mark six black
+// circles around the point that the slip's measures give from the corner of the sheet (the same
+// points the print to PDF is checked against), moved by the offsets and by nothing else.
+void TstFrmStampa::anteprimaComeLaCarta() {
+    QFETCH(double, posX);
+    QFETCH(double, posY);
+    const QStringList colonne{u"1X21X21X2"_s, u"X21X21X21"_s, u"21X21X21X"_s,
+                              u"111XXX222"_s, u"XXX222111"_s, u"222111XXX"_s,
+                              u"1122XX12X"_s, u"X1X2X1X2X"_s, u"2X1X21X12"_s};
+    const std::array<QString, 5> ultime{u"1X2"_s, u"2"_s, u"x1"_s, u"X"_s, u"21"_s};
+    Banco b;
+    QVERIFY(b.avvia({u"Laser"_s}, 9));
+    b.a.stato().ColonneStampa = colonne;
+    QVERIFY(b.apri());
+    b.a.dialoghi.svuota();
+    b.ultime(QStringList(ultime.begin(), ultime.end()));
+    b.clic(u"chk9"_s);
+    b.digita(u"txtPosX"_s, QString::number(posX));
+    b.digita(u"txtPosY"_s, QString::number(posY));
+    b.clic(u"cmdAnteprima"_s);
+    QVERIFY(b.a.dialoghi.boxes.isEmpty());
+    auto *anteprima = b.a.pannello().findChild<FrmAnteprima *>();
+    QVERIFY(anteprima);
+    const QList<RecordPagina> record = anteprima->record();
+    anteprima->close();
+
+    const auto attesi = SegniPdf::attesi(colonne, 1, 9, ultime, true, posX, posY);
+    QCOMPARE(DocumentoPagine::contaPagine(record), int(attesi.size()));
+    for (int p = 1; p <= attesi.size(); ++p) {
+        DispositivoRegistratore registratore;
+        DocumentoPagine::disegnaPagina(record, p, registratore);
+        QList<DispositivoRegistratore::Chiamata> neri;
+        for (const auto &c : std::as_const(registratore.chiamate))
+            if (c.operazione == DispositivoRegistratore::Operazione::Cerchio &&
+                c.colore == QColor(Qt::black))
+                neri.append(c);
+        const QList<SegniPdf::Segno> &segni = attesi.at(p - 1);
+        const qsizetype cerchi = StampaSchedine::Raggi.size();
+        QCOMPARE(neri.size(), segni.size() * cerchi);
+        for (qsizetype k = 0; k < neri.size(); ++k) {
+            const SegniPdf::Segno &s = segni.at(k / cerchi);
+            const QRectF &c = neri.at(k).rettangolo; // the centre, and the radius as its size
+            QVERIFY2(std::abs(c.x() - s.x) < 0.01 && std::abs(c.y() - s.y) < 0.01,
+                     qPrintable(u"pagina %1, %2: %3, %4 invece di %5, %6"_s.arg(p)
+                                    .arg(s.nome)
+                                    .arg(c.x())
+                                    .arg(c.y())
+                                    .arg(s.x)
+                                    .arg(s.y)));
+            QCOMPARE(c.width(), StampaSchedine::Raggi.at(k % cerchi));
+        }
+    }
 }
 
 void TstFrmStampa::anteprimaRifiutata() {

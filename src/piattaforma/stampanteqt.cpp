@@ -44,10 +44,6 @@ void StampanteQt::setNomeDocumento(const QString &nome) {
     m_stampante.setDocName(file.chopped(4));
 }
 
-void StampanteQt::setAreaStampabile() {
-    m_stampante.setFullPage(false);
-}
-
 void StampanteQt::setRisoluzione(int puntiPerPollice) {
     m_stampante.setResolution(puntiPerPollice);
 }
@@ -81,9 +77,11 @@ DispositivoDisegno &StampanteQt::inizia() {
     if (m_dispositivo)
         return *m_dispositivo;
     const QString file = m_stampante.outputFileName();
+    // The origin at the paper's corner whatever was done to the printer since it was made (it is
+    // handed out, to the print dialog among others): in Qt's standard mode a page starts at its
+    // margins, 10 points by default or the edges that the driver can't print.
+    m_stampante.setFullPage(true);
     if (m_stampante.outputFormat() == QPrinter::PdfFormat && !file.isEmpty()) {
-        if (!m_stampante.fullPage())
-            m_stampante.setPageMargins(QMarginsF(0, 0, 0, 0));
         // The pages go to a new file beside the one asked for.
         QTemporaryFile temporaneo(QFileInfo(file).absolutePath() + u"/.vespara-XXXXXX.pdf"_s);
         if (!temporaneo.open())
@@ -100,8 +98,7 @@ DispositivoDisegno &StampanteQt::inizia() {
         throw ErroreEsecuzione(u"Impossibile avviare la stampa sulla stampante %1."_s.arg(
             file.isEmpty() ? m_stampante.printerName() : QDir::toNativeSeparators(file)));
     }
-    const QRectF carta = m_stampante.fullPage() ? m_stampante.paperRect(QPrinter::DevicePixel)
-                                                : m_stampante.pageRect(QPrinter::DevicePixel);
+    const QRectF carta = m_stampante.paperRect(QPrinter::DevicePixel);
     const qreal scalaX = m_stampante.logicalDpiX() / DispositivoDisegno::TwipsPerPollice;
     const qreal scalaY = m_stampante.logicalDpiY() / DispositivoDisegno::TwipsPerPollice;
     const QSizeF pagina(carta.width() / scalaX, carta.height() / scalaY);

@@ -11,9 +11,10 @@ class Dialoghi;
 class Impostazioni;
 
 // The printer as a drawing device: the system's printer, or a PDF file when one is named. A4, the
-// orientation asked for, coordinates from the corner of the paper (or of the printable area). A
-// PDF file is written under a name of its own and takes its real name only once whole, so a run
-// that stops leaves no half a file and an older file of that name as it was.
+// orientation asked for, coordinates from the top left corner of the paper on every printer and
+// file, whatever margins or printable area the driver declares: what is drawn lands where the
+// preview shows it. A PDF file is written under a name of its own and takes its real name only
+// once whole, so a run that stops leaves no half a file and an older file of that name as it was.
 class StampanteQt {
 public:
     StampanteQt(Dialoghi &dialoghi, Impostazioni &impostazioni, const QString &filePdf,
@@ -22,9 +23,6 @@ public:
 
     QPrinter &stampante() { return m_stampante; }
     void setOrizzontale(bool orizzontale);
-    // Coordinates from the top left of the printable area instead of the paper's corner (a PDF
-    // file has no margins: there the two are the same).
-    void setAreaStampabile();
     // The dots of the device (dots per inch): the unit of the pen's width.
     void setRisoluzione(int puntiPerPollice);
     // ControllaStampante: whether there is a printer to print on, that answers for its page.

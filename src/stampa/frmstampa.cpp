@@ -300,7 +300,6 @@ void FrmStampa::stampa() {
             return;
         StampanteQt stampante(m_stato.dialoghi(), m_stato.impostazioni(), m_stato.FileStampaPdf,
                               false);
-        stampante.setAreaStampabile();
         stampante.setRisoluzione(PuntiPerPollice);
         stampante.setNomeDocumento(u"Schedine"_s);
         const QStringList installate = m_stato.stampanti().nomi();

@@ -11,7 +11,8 @@ class DispositivoDisegno;
 
 // The marks of a run of play slips: where each filled circle goes for a box, a sign and a column,
 // the checks that come before a run, and the run itself on any drawing device (printer, PDF,
-// preview, the recorder of the tests). Lengths are twips from the top left of the printable area.
+// preview, the recorder of the tests). Lengths are twips from the top left corner of the paper:
+// the offsets of the printer are the only shift, the preview and the paper agree.
 class StampaSchedine {
 public:
     // The slip: 8 columns of 14 boxes and the box of the 9, each column a row of marks down the

@@ -231,8 +231,8 @@ bool CupsPrivato::avvia() {
     }
 
     QString uscita;
-    if (!esegui(Lpadmin,
-                {u"-p"_s, Coda, u"-E"_s, u"-v"_s, u"cups-pdf:/"_s + nomeBackend, u"-P"_s, PpdPdf},
+    m_dispositivo = u"cups-pdf:/"_s + nomeBackend;
+    if (!esegui(Lpadmin, {u"-p"_s, Coda, u"-E"_s, u"-v"_s, m_dispositivo, u"-P"_s, PpdPdf},
                 &uscita)) {
         m_errore = u"lpadmin non ha creato la coda %1:\n%2\n%3"_s.arg(Coda, uscita,
                                                                       codaDelLog(u"error_log"_s));
@@ -251,6 +251,45 @@ bool CupsPrivato::avvia() {
     qputenv("CUPS_SERVER", QFile::encodeName(socket()));
     qunsetenv("PRINTER");
     qunsetenv("LPDEST");
+    return true;
+}
+
+bool CupsPrivato::aggiungiCodaConMargini(const QString &nome, const QMarginsF &punti) {
+    m_errore.clear();
+    if (!m_cupsd || m_dispositivo.isEmpty()) {
+        m_errore = u"Il cupsd privato non è in funzione."_s;
+        return false;
+    }
+    QFile originale(PpdPdf);
+    if (!originale.open(QIODevice::ReadOnly)) {
+        m_errore = u"Non riesco a leggere %1."_s.arg(PpdPdf);
+        return false;
+    }
+    // The printable area of A4 (595 x 842 points) from the bottom left corner, as PPD files give
+    // it, and the same edges for any other size.
+    QByteArray ppd = originale.readAll();
+    const auto numero = [](double v) { return QByteArray::number(v, 'f', 2); };
+    const QByteArray area = numero(punti.left()) + ' ' + numero(punti.bottom()) + ' ' +
+                            numero(595 - punti.right()) + ' ' + numero(842 - punti.top());
+    const QByteArray margini = numero(punti.left()) + ' ' + numero(punti.bottom()) + ' ' +
+                               numero(punti.right()) + ' ' + numero(punti.top());
+    const QByteArray areaA4 = "*ImageableArea A4/A4: \"0 0 595 842\"";
+    const QByteArray margini0 = "*HWMargins: 0 0 0 0";
+    if (!ppd.contains(areaA4) || !ppd.contains(margini0)) {
+        m_errore = u"%1 non ha l'area stampabile attesa per A4."_s.arg(PpdPdf);
+        return false;
+    }
+    ppd.replace(areaA4, "*ImageableArea A4/A4: \"" + area + '"');
+    ppd.replace(margini0, "*HWMargins: " + margini);
+    const QString file = percorso(nome + u".ppd"_s);
+    if (!scrivi(file, ppd))
+        return false;
+    QString uscita;
+    if (!esegui(Lpadmin, {u"-p"_s, nome, u"-E"_s, u"-v"_s, m_dispositivo, u"-P"_s, file},
+                &uscita)) {
+        m_errore = u"lpadmin non ha creato la coda %1:\n%2"_s.arg(nome, uscita);
+        return false;
+    }
     return true;
 }
 
@@ -314,7 +353,8 @@ bool CupsPrivato::esegui(const QString &programma, const QStringList &argomenti,
 
 QString CupsPrivato::lavoriInCorso(bool *riuscito) const {
     QString uscita;
-    *riuscito = esegui(Lpstat, {u"-o"_s, Coda}, &uscita);
+    // Of every queue of the server: they all write into the same folder.
+    *riuscito = esegui(Lpstat, {u"-o"_s}, &uscita);
     return uscita;
 }
 
@@ -329,8 +369,8 @@ QString CupsPrivato::codaDelLog(const QString &nome, int righe) const {
 
 QString CupsPrivato::diagnosi() const {
     QString inCorso, finiti, stato;
-    esegui(Lpstat, {u"-o"_s, Coda}, &inCorso);
-    esegui(Lpstat, {u"-W"_s, u"completed"_s, u"-o"_s, Coda}, &finiti);
+    esegui(Lpstat, {u"-o"_s}, &inCorso);
+    esegui(Lpstat, {u"-W"_s, u"completed"_s, u"-o"_s}, &finiti);
     esegui(Lpstat, {u"-p"_s, Coda}, &stato);
     const auto oNessuno = [](const QString &t) { return t.isEmpty() ? u"(nessuno)"_s : t; };
     return u"Lavori in corso:\n%1\nLavori finiti:\n%2\nStato della coda:\n%3\n%4\n%5"_s.arg(

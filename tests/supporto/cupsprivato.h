@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QMarginsF>
 #include <QProcess>
 #include <QSet>
 #include <QString>
@@ -28,6 +29,9 @@ public:
     QString errore() const { return m_errore; }
 
     QString nomeCoda() const;
+    // A second queue into the same folder, whose driver declares A4 paper with unprintable edges
+    // (in points: left, top, right, bottom), as most real printers have. Not the default.
+    bool aggiungiCodaConMargini(const QString &nome, const QMarginsF &punti);
     QString cartellaUscita() const;
     QString socket() const;
 
@@ -40,7 +44,7 @@ private:
     bool scrivi(const QString &percorso, const QByteArray &testo);
     // Runs a CUPS command line tool against the private server; its output in `uscita`.
     bool esegui(const QString &programma, const QStringList &argomenti, QString *uscita) const;
-    // The jobs of the queue that are not completed yet, as lpstat lists them.
+    // The jobs of the queues that are not completed yet, as lpstat lists them.
     QString lavoriInCorso(bool *riuscito) const;
     QString codaDelLog(const QString &nome, int righe = 25) const;
     QString diagnosi() const;
@@ -50,6 +54,7 @@ private:
     std::unique_ptr<QTemporaryDir> m_dir;
     std::unique_ptr<QProcess> m_cupsd;
     QString m_configurazioneBackend;
+    QString m_dispositivo; // the device URI of the queues
     QString m_errore;
     QSet<QString> m_consegnati;
     bool m_ambienteImpostato = false;
