@@ -78,10 +78,13 @@ public:
     // The lines of Archivio.txt from the page: the progressive dropped, each field followed by
     // one blank.
     static QStringList righeArchivio(const QStringList &pezzi);
-    // Archivio.txt rewritten from the page, then table and memory rebuilt from it. The lines are
-    // checked as the loader reads them before the file is touched: a page it would refuse, or
-    // one without contests, is a run-time fault that leaves the archive as it was.
-    void ricostruisciArchivio(const QStringList &pezzi);
+    // Archivio.txt rewritten from the page, then table and memory rebuilt from it, through
+    // Archivio::sostituisci: all three change or none. The lines are checked as the loader reads
+    // them before the file is touched: a page it would refuse, or one without contests, is a
+    // run-time fault that leaves the archive as it was. Returns the note of sostituisci, kept
+    // for the final box too (notaArchivio).
+    QString ricostruisciArchivio(const QStringList &pezzi);
+    const QString &notaArchivio() const { return m_notaArchivio; }
 
     // AggiornaSerieA .. AggiornaSerieC2C (indice 0..6): the league table's file, its freshness
     // flag, its memory copy (returned).
@@ -125,4 +128,5 @@ private:
     // The update is one operation of the network: cancelled as a whole.
     Rete::Operazione m_operazione;
     Copie m_copie;
+    QString m_notaArchivio;
 };

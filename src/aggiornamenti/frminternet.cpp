@@ -107,7 +107,8 @@ void FrmInternet::aggiornaParziale(
         if (dopo)
             dopo(stato, sito);
         clessidra.rilascia();
-        stato.dialoghi().informazione(Dialoghi::titoloAggiornamenti(), testoFinale);
+        annunciaModificaArchivio(stato.dialoghi(), Dialoghi::titoloAggiornamenti(), testoFinale,
+                                 sito.notaArchivio());
     });
 }
 
@@ -156,6 +157,7 @@ void FrmInternet::aggiorna() {
         if (registro && !stato.rete().inChiusura())
             registro->aggiornaCruscotto();
         clessidra.rilascia();
-        dialoghi.informazione(titolo, u"Aggiornamento effettuato."_s);
+        annunciaModificaArchivio(dialoghi, titolo, u"Aggiornamento effettuato."_s,
+                                 sito.notaArchivio());
     });
 }

@@ -21,6 +21,9 @@ public:
     // Writes the lines, each ended by CR LF, replacing the file whole: a write that fails leaves
     // the old file and raises a fault.
     static void scriviRighe(const QString &percorsoFile, const QStringList &righe);
+    // Replaces the file with these bytes, whole and atomically; a failure is a fault that names
+    // the file and the cause in Italian (disk full, read-only file or folder, ...).
+    static void scriviByte(const QString &percorsoFile, const QByteArray &contenuto);
     // Removes the file if it is there; a failure is a fault.
     static void elimina(const QString &percorsoFile);
 
