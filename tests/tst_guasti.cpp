@@ -34,6 +34,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <functional>
+
 #include <dlfcn.h>
 #include <unistd.h>
 
@@ -189,20 +191,60 @@ struct Fotografia {
     }
 };
 
-// The connection of the program's table to the file archivio.db, for a hook of SQLite.
-using GancioCommit = void *(*)(void *, int (*)(void *), void *);
-
-void *maniglia(const QString &percorsoDb) {
-    for (const QString &nome : QSqlDatabase::connectionNames()) {
-        const QSqlDatabase db = QSqlDatabase::database(nome, false);
-        if (db.databaseName() == percorsoDb && db.isOpen()) {
-            const QVariant h = db.driver()->handle();
-            if (qstrcmp(h.typeName(), "sqlite3*") == 0)
-                return *static_cast<void *const *>(h.constData());
+// A commit of the program's table that SQLite turns into a rollback, with something done at that
+// moment: a commit hook on the program's connection to archivio.db. SQLite is the library the Qt
+// driver has loaded; the hook goes with the object.
+class RifiutoConferma {
+public:
+    RifiutoConferma(const QString &percorsoDb, std::function<void()> allora)
+        : m_allora(std::move(allora)) {
+        m_libreria = dlopen("libsqlite3.so.0", RTLD_NOW | RTLD_NOLOAD);
+        if (!m_libreria) {
+            m_errore = u"la libreria di SQLite non è caricata"_s;
+            return;
         }
+        m_imposta = reinterpret_cast<Imposta>(dlsym(m_libreria, "sqlite3_commit_hook"));
+        for (const QString &nome : QSqlDatabase::connectionNames()) {
+            const QSqlDatabase db = QSqlDatabase::database(nome, false);
+            const QVariant h = db.isOpen() ? db.driver()->handle() : QVariant();
+            if (db.databaseName() == percorsoDb && qstrcmp(h.typeName(), "sqlite3*") == 0)
+                m_connessione = *static_cast<void *const *>(h.constData());
+        }
+        if (!m_imposta || !m_connessione) {
+            m_errore = u"la connessione del programma ad archivio.db non c'è"_s;
+            return;
+        }
+        m_imposta(m_connessione, &RifiutoConferma::gancio, this);
     }
-    return nullptr;
-}
+    ~RifiutoConferma() {
+        if (m_imposta && m_connessione)
+            m_imposta(m_connessione, nullptr, nullptr);
+        if (m_libreria)
+            dlclose(m_libreria);
+    }
+    RifiutoConferma(const RifiutoConferma &) = delete;
+    RifiutoConferma &operator=(const RifiutoConferma &) = delete;
+
+    QString errore() const { return m_errore; }
+    int chiamate() const { return m_chiamate; }
+
+private:
+    using Imposta = void *(*)(void *, int (*)(void *), void *);
+    static int gancio(void *dati) {
+        auto *r = static_cast<RifiutoConferma *>(dati);
+        ++r->m_chiamate;
+        if (r->m_allora)
+            r->m_allora();
+        return 1; // the commit becomes a rollback
+    }
+
+    std::function<void()> m_allora;
+    void *m_libreria = nullptr;
+    Imposta m_imposta = nullptr;
+    void *m_connessione = nullptr;
+    int m_chiamate = 0;
+    QString m_errore;
+};
 
 } // namespace
 
@@ -224,6 +266,7 @@ private slots:
     void gestioneNonRiuscita_data();
     void gestioneNonRiuscita();
     void riparazioneNonRiuscita();
+    void confermaRifiutataRimetteTutto();
     void doppioGuastoDiceCheIlConcorsoCE();
 
     // The words of a failed write.
@@ -431,6 +474,10 @@ void TstGuasti::inserimentoNonRiuscito_data() {
     QTest::addColumn<QString>("causa");
     QTest::newRow("disco pieno") << u"pieno"_s << u"il disco è pieno"_s;
     QTest::newRow("tabella di sola lettura") << u"sola lettura"_s << u"il file è di sola lettura"_s;
+    // The table takes the rows, then the text can't be written: the table's transaction is
+    // undone, and the previous generation already written beside it is put back.
+    QTest::newRow("Archivio.txt di sola lettura")
+        << u"testo"_s << u"Archivio.txt: il file è di sola lettura"_s;
 }
 
 void TstGuasti::inserimentoNonRiuscito() {
@@ -457,6 +504,8 @@ void TstGuasti::inserimentoNonRiuscito() {
                                       controllo<QLineEdit>(frm, u"txtConcorso"_s)->text());
     if (guasto == u"pieno"_s)
         QVERIFY(b.disco->riempi());
+    if (guasto == u"testo"_s)
+        QVERIFY(DiscoProva::bloccaFile(b.file(u"Archivio.txt"_s)).isEmpty());
 
     QTest::mouseClick(controllo<QPushButton>(frm, u"cmdInserisci"_s), Qt::LeftButton);
     QCOMPARE(b.a.dialoghi.boxes.size(), 1);
@@ -469,6 +518,8 @@ void TstGuasti::inserimentoNonRiuscito() {
     // Room again, or the table writable: the same press stores the contest, once.
     if (guasto == u"pieno"_s)
         b.disco->libera();
+    else if (guasto == u"testo"_s)
+        QVERIFY(DiscoProva::sbloccaFile(b.file(u"Archivio.txt"_s)).isEmpty());
     else
         QVERIFY(DiscoProva::sbloccaFile(b.db()).isEmpty());
     b.a.dialoghi.svuota();
@@ -597,6 +648,36 @@ void TstGuasti::riparazioneNonRiuscita() {
     QCOMPARE(b.disaccordo(), QString());
 }
 
+void TstGuasti::confermaRifiutataRimetteTutto() {
+    // The table refuses its commit once Archivio.txt and the previous generation are written:
+    // both are put back as they were, byte for byte.
+    Banco b;
+    QVERIFY2(b.disco->valido(), qPrintable(b.disco->errore()));
+    b.a.scrivi(u"ArchivioPrecedente.txt"_s, archivioSintetico(290));
+    QVERIFY(b.a.avvia());
+    const Fotografia prima = Fotografia::di(b);
+    QWidget *frm = b.apri(u"mnuInserisci"_s, u"frmInserisci"_s);
+    QVERIFY(frm);
+    scriviSopra(controllo<QLineEdit>(frm, u"txtColonna"_s), u"1X21X21X21X21X"_s);
+    {
+        RifiutoConferma rifiuto(b.db(), {});
+        QVERIFY2(rifiuto.errore().isEmpty(), qPrintable(rifiuto.errore()));
+        QTest::mouseClick(controllo<QPushButton>(frm, u"cmdInserisci"_s), Qt::LeftButton);
+        QCOMPARE(rifiuto.chiamate(), 1);
+    }
+    QCOMPARE(b.a.dialoghi.boxes.size(), 1);
+    const QString detto =
+        b.boxDice(0, Dialoghi::Tipo::Critico, {testo(Archivio::NonModificato), u"archivio.db"_s});
+    QVERIFY2(detto.isEmpty(), qPrintable(detto));
+    QCOMPARE(Fotografia::di(b).differenza(prima), QString());
+
+    b.a.dialoghi.svuota();
+    QTest::mouseClick(controllo<QPushButton>(frm, u"cmdInserisci"_s), Qt::LeftButton);
+    QCOMPARE(b.a.dialoghi.testi(), QStringList{Inserito});
+    QCOMPARE(b.a.stato().NumeroColonne(), prima.numero + 1);
+    QCOMPARE(b.disaccordo(), QString());
+}
+
 void TstGuasti::doppioGuastoDiceCheIlConcorsoCE() {
     // The table's commit fails once Archivio.txt is written, and by then the text file has become
     // read-only, so the old one can't be put back either: the change stays, the three copies
@@ -606,30 +687,11 @@ void TstGuasti::doppioGuastoDiceCheIlConcorsoCE() {
     QVERIFY(b.a.avvia());
     const QString percorsoTesto = b.file(u"Archivio.txt"_s);
     const QByteArray precedentePrima = impronta(b.file(u"ArchivioPrecedente.txt"_s));
-    void *libreria = dlopen("libsqlite3.so.0", RTLD_NOW | RTLD_NOLOAD);
-    QVERIFY2(libreria, "la libreria di SQLite non è caricata");
-    const auto chiudi = qScopeGuard([libreria] { dlclose(libreria); });
-    const auto gancio = reinterpret_cast<GancioCommit>(dlsym(libreria, "sqlite3_commit_hook"));
-    QVERIFY(gancio);
-    void *connessione = maniglia(b.db());
-    QVERIFY(connessione);
-    struct Stato {
-        QString testo;
-        int chiamate = 0;
-        QString errore;
-    } stato{percorsoTesto, 0, {}};
-    gancio(
-        connessione,
-        [](void *dati) {
-            auto *s = static_cast<Stato *>(dati);
-            ++s->chiamate;
-            s->errore = DiscoProva::bloccaFile(s->testo);
-            return 1; // the commit becomes a rollback
-        },
-        &stato);
-    const auto togli = qScopeGuard([&] {
-        gancio(connessione, nullptr, nullptr);
-        if (stato.chiamate > 0 && stato.errore.isEmpty())
+    QString blocco = u"non chiamato"_s;
+    RifiutoConferma rifiuto(b.db(), [&] { blocco = DiscoProva::bloccaFile(percorsoTesto); });
+    QVERIFY2(rifiuto.errore().isEmpty(), qPrintable(rifiuto.errore()));
+    const auto sblocca = qScopeGuard([&] {
+        if (blocco.isEmpty())
             DiscoProva::sbloccaFile(percorsoTesto);
     });
 
@@ -638,8 +700,8 @@ void TstGuasti::doppioGuastoDiceCheIlConcorsoCE() {
     scriviSopra(controllo<QLineEdit>(frm, u"txtColonna"_s), u"1X21X21X21X21X"_s);
     const QString concorso = controllo<QLineEdit>(frm, u"txtConcorso"_s)->text();
     QTest::mouseClick(controllo<QPushButton>(frm, u"cmdInserisci"_s), Qt::LeftButton);
-    QCOMPARE(stato.chiamate, 1);
-    QVERIFY2(stato.errore.isEmpty(), qPrintable(stato.errore));
+    QCOMPARE(rifiuto.chiamate(), 1);
+    QVERIFY2(blocco.isEmpty(), qPrintable(blocco));
     QCOMPARE(b.a.dialoghi.boxes.size(), 1);
     const QString detto =
         b.boxDice(0, Dialoghi::Tipo::Avviso,
@@ -669,18 +731,22 @@ void TstGuasti::doppioGuastoDiceCheIlConcorsoCE() {
 void TstGuasti::causeDiScrittura_data() {
     QTest::addColumn<QString>("guasto");
     QTest::addColumn<QString>("causa");
-    QTest::newRow("disco pieno") << u"pieno"_s << u"il disco è pieno"_s;
-    QTest::newRow("file di sola lettura") << u"file"_s << u"il file è di sola lettura"_s;
+    QTest::addColumn<int>("quante"); // lines written
+    QTest::newRow("disco pieno") << u"pieno"_s << u"il disco è pieno"_s << 2000;
+    // Fewer bytes than QSaveFile's buffer: they meet the full disk only when it is flushed.
+    QTest::newRow("disco pieno, poche righe") << u"pieno"_s << u"il disco è pieno"_s << 3;
+    QTest::newRow("file di sola lettura") << u"file"_s << u"il file è di sola lettura"_s << 2000;
     QTest::newRow("cartella di sola lettura")
-        << u"cartella"_s << u"la cartella è di sola lettura"_s;
+        << u"cartella"_s << u"la cartella è di sola lettura"_s << 2000;
     QTest::newRow("file system di sola lettura")
-        << u"file system"_s << u"il disco (file system) è di sola lettura"_s;
-    QTest::newRow("cartella inesistente") << u"manca"_s << u"la cartella non esiste"_s;
+        << u"file system"_s << u"il disco (file system) è di sola lettura"_s << 2000;
+    QTest::newRow("cartella inesistente") << u"manca"_s << u"la cartella non esiste"_s << 2000;
 }
 
 void TstGuasti::causeDiScrittura() {
     QFETCH(QString, guasto);
     QFETCH(QString, causa);
+    QFETCH(int, quante);
     QTemporaryDir dir;
     QVERIFY(dir.isValid());
     DiscoProva disco(dir.path(), 256 * 1024);
@@ -708,7 +774,7 @@ void TstGuasti::causeDiScrittura() {
         percorso = dir.filePath(u"manca/Quote.txt"_s);
     }
     QStringList righe;
-    for (int i = 0; i < 2000; ++i)
+    for (int i = 0; i < quante; ++i)
         righe.append(u"riga %1 delle quote"_s.arg(i));
     const QString t = errore([&] { FileDati::scriviRighe(percorso, righe); });
     if (guasto == u"cartella"_s)

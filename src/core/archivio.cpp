@@ -11,6 +11,7 @@
 
 #include <cerrno>
 #include <memory>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -268,13 +269,15 @@ QString Archivio::sostituisci(StatoProgramma &stato, const QStringList &righe) {
 
     // Undo: the text file first, then the copies written beside it. When the text can't be
     // put back, the copies stay too: the previous generation of the new text is the old one.
-    if (testoPrima.rimetti()) {
-        const bool precedenteRimesso = precedentePrima.rimetti();
-        const bool copieRimesse = danneggiatoPrima.rimetti() && precedenteRimesso;
+    // A write that failed left the old text in place (QSaveFile replaces it whole or not at all).
+    if (!testoScritto || testoPrima.rimetti()) {
         QString t = nonModificato + guasto;
-        if (!copieRimesse)
-            t += u"\n\nArchivioPrecedente.txt non si è potuto rimettere com'era: ora contiene una "
-                 "copia dell'archivio attuale."_s;
+        // A copy beside the text that stays changed holds the archive as it still is.
+        for (const auto &[file, nome] : {std::pair{&precedentePrima, NomeCopiaPrecedente},
+                                         std::pair{&danneggiatoPrima, NomeDanneggiato}})
+            if (!file->rimetti())
+                t += u"\n\n%1 non si è potuto rimettere com'era: ora contiene una copia "
+                     "dell'archivio attuale."_s.arg(QString::fromLatin1(nome));
         throw ErroreEsecuzione(t);
     }
     // Undoing failed too: Archivio.txt keeps the change. The three copies follow what it holds,

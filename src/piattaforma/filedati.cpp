@@ -76,8 +76,8 @@ void FileDati::scriviByte(const QString &percorsoFile, const QByteArray &contenu
     // The buffer is flushed and the bytes sent to the disk before the commit: QSaveFile renames
     // its file even when the flush inside commit() failed, and a full disk would leave a
     // truncated file in place of the old one.
-    bool scritto = file.open(QIODevice::WriteOnly) &&
-                   file.write(contenuto) == contenuto.size() && file.flush();
+    bool scritto = file.open(QIODevice::WriteOnly) && file.write(contenuto) == contenuto.size() &&
+                   file.flush();
 #ifdef Q_OS_UNIX
     scritto = scritto && ::fsync(file.handle()) == 0;
 #endif
