@@ -5,9 +5,15 @@
 #include "core/archiviocolonne.h"
 #include "core/statoprogramma.h"
 #include "piattaforma/erroreesecuzione.h"
+#include "piattaforma/errorifile.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/tabellaarchivio.h"
+#include "supporto/strumentiprova.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -62,6 +68,12 @@ private slots:
     void eliminaESuccessivoSvuotano();
     void tabellaSopravviveAllaRiapertura();
     void scritturaDalleRighe();
+    void tabellaDanneggiata_data();
+    void tabellaDanneggiata();
+    void accantonataAlPostoDellaVecchia();
+    void tabellaInMemoria();
+    void sostituisciControllaLeRighePrima();
+    void sostituisciRitrovaIlFile();
 };
 
 void TstArchivio::letturaDelleRighe_data() {
@@ -236,6 +248,128 @@ void TstArchivio::scritturaDalleRighe() {
     for (const QString &r : righe)
         conBlank.append(r + u" "_s);
     QCOMPARE(ArchivioColonne::daRighe(conBlank).comeRighe(), righe);
+}
+
+void TstArchivio::tabellaDanneggiata_data() {
+    QTest::addColumn<QString>("guasto");
+    QTest::addColumn<QString>("causa");
+    const QString danneggiato = u"il file è danneggiato o non è un database"_s;
+    QTest::newRow("byte casuali") << u"casuali"_s << danneggiato;
+    QTest::newRow("file troncato") << u"troncato"_s << danneggiato;
+    QTest::newRow("una pagina guasta") << u"pagina"_s << danneggiato;
+    QTest::newRow("una cartella al suo posto")
+        << u"cartella"_s << u"al suo posto c'è una cartella"_s;
+}
+
+void TstArchivio::tabellaDanneggiata() {
+    // What start-up finds: the opening or the check reads whole and says why it can't.
+    QFETCH(QString, guasto);
+    QFETCH(QString, causa);
+    QTemporaryDir dir;
+    const QString percorso = dir.filePath(u"archivio.db"_s);
+    {
+        TabellaArchivio t(percorso);
+        t.ricostruisci(ArchivioColonne::daRighe(archivioSintetico(300)).righe());
+    }
+    QRandomGenerator g(3);
+    QByteArray casuali(8192, '\0');
+    for (char &c : casuali)
+        c = char(g.bounded(256));
+    if (guasto == u"casuali"_s) {
+        QVERIFY(StrumentiProva::scriviGrezzo(percorso, casuali));
+    } else if (guasto == u"troncato"_s) {
+        QVERIFY(QFile::resize(percorso, QFileInfo(percorso).size() / 2));
+    } else if (guasto == u"pagina"_s) {
+        QFile f(percorso);
+        QVERIFY(f.open(QIODevice::ReadWrite) && f.seek(2 * 4096));
+        QCOMPARE(f.write(casuali.left(4096)), 4096);
+    } else {
+        QVERIFY(QFile::remove(percorso));
+        QVERIFY(QDir().mkdir(percorso));
+    }
+    try {
+        TabellaArchivio t(percorso);
+        t.verifica();
+        QFAIL("una tabella guasta si è letta tutta");
+    } catch (const ErroriFile::Errore &e) {
+        QVERIFY(e.danno());
+        QVERIFY2(e.testo().contains(QDir::toNativeSeparators(percorso) + u": "_s + causa),
+                 qPrintable(e.testo()));
+    }
+}
+
+void TstArchivio::accantonataAlPostoDellaVecchia() {
+    QTemporaryDir dir;
+    const QString percorso = dir.filePath(u"archivio.db"_s);
+    const QString accantonato = dir.filePath(u"archivio-danneggiato.db"_s);
+    QCOMPARE(TabellaArchivio::percorsoAccantonato(percorso), accantonato);
+    // An older copy (a folder, with a journal of its own) and a journal beside the file.
+    QVERIFY(QDir().mkpath(accantonato + u"/dentro"_s));
+    QVERIFY(StrumentiProva::scriviGrezzo(accantonato + u"-journal"_s, "vecchio giornale"));
+    QVERIFY(StrumentiProva::scriviGrezzo(percorso, "guasto"));
+    QVERIFY(StrumentiProva::scriviGrezzo(percorso + u"-journal"_s, "giornale"));
+    TabellaArchivio::accantona(percorso);
+    QVERIFY(!QFileInfo::exists(percorso));
+    QVERIFY(!QFileInfo::exists(percorso + u"-journal"_s));
+    QCOMPARE(StrumentiProva::contenuto(accantonato), QByteArray("guasto"));
+    QCOMPARE(StrumentiProva::contenuto(accantonato + u"-journal"_s), QByteArray("giornale"));
+    // A new table takes the place without playing back the old journal.
+    TabellaArchivio nuova(percorso);
+    QVERIFY(nuova.creata());
+    QVERIFY(nuova.verifica().isEmpty());
+}
+
+void TstArchivio::tabellaInMemoria() {
+    QTemporaryDir dir;
+    const QString percorso = dir.filePath(u"archivio.db"_s);
+    TabellaArchivio t(percorso, TabellaArchivio::Luogo::Memoria);
+    QVERIFY(t.inMemoria());
+    QCOMPARE(t.percorso(), percorso);
+    const QList<RigaArchivio> righe = ArchivioColonne::daRighe(archivioSintetico(20)).righe();
+    t.ricostruisci(righe);
+    QCOMPARE(t.verifica(), righe);
+    t.ultimo();
+    QCOMPARE(t.ordineCorrente(), 19);
+    QCOMPARE(t.corrente(), righe.last());
+    // Nothing on the disk.
+    QVERIFY(QDir(dir.path()).isEmpty());
+}
+
+void TstArchivio::sostituisciControllaLeRighePrima() {
+    Banco b;
+    b.scriviArchivio(archivioSintetico(30));
+    Archivio::ricostruisci(b.stato);
+    const QByteArray prima = StrumentiProva::contenuto(b.dir.filePath(u"Archivio.txt"_s));
+    const QList<RigaArchivio> tabella = b.stato.tabellaArchivio().tutte();
+    QStringList errate = archivioSintetico(31);
+    errate[7] = u"2000 8 1X2"_s;
+    const QString testo = StrumentiProva::errore([&] { Archivio::sostituisci(b.stato, errate); });
+    QVERIFY2(testo.contains(u"riga 8"_s), qPrintable(testo));
+    QCOMPARE(StrumentiProva::contenuto(b.dir.filePath(u"Archivio.txt"_s)), prima);
+    QVERIFY(!QFileInfo::exists(b.dir.filePath(u"ArchivioPrecedente.txt"_s)));
+    QCOMPARE(b.stato.tabellaArchivio().tutte(), tabella);
+    QCOMPARE(comeLista(b.stato.ColonneArchivio), tabella);
+
+    // Whole lines go to all three, the old file kept as the previous generation.
+    QCOMPARE(Archivio::sostituisci(b.stato, archivioSintetico(31)), QString());
+    QCOMPARE(b.stato.NumeroColonne(), 31);
+    QCOMPARE(b.stato.tabellaArchivio().tutte(), comeLista(b.stato.ColonneArchivio));
+    QCOMPARE(StrumentiProva::contenuto(b.dir.filePath(u"ArchivioPrecedente.txt"_s)), prima);
+}
+
+void TstArchivio::sostituisciRitrovaIlFile() {
+    // A table in memory stands in for a file that could not be had; the next write makes the
+    // file again and uses it.
+    Banco b;
+    const QString db = b.dir.filePath(u"archivio.db"_s);
+    b.stato.usaTabellaArchivio(
+        std::make_unique<TabellaArchivio>(db, TabellaArchivio::Luogo::Memoria));
+    QVERIFY(QFile::remove(db));
+    b.scriviArchivio(archivioSintetico(10));
+    QCOMPARE(Archivio::sostituisci(b.stato, archivioSintetico(12)), QString());
+    QVERIFY(!b.stato.tabellaArchivio().inMemoria());
+    TabellaArchivio file(db);
+    QCOMPARE(file.verifica(), comeLista(b.stato.ColonneArchivio));
 }
 
 QTEST_MAIN(TstArchivio)

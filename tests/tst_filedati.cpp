@@ -1,10 +1,12 @@
 #include "supporto/strumentiprova.h"
 
 #include "piattaforma/erroreesecuzione.h"
+#include "piattaforma/errorifile.h"
 #include "piattaforma/filedati.h"
 
 #include <QDir>
 #include <QFile>
+#include <QSqlError>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -45,6 +47,9 @@ private slots:
     void elimina();
     void sostituisci_data();
     void sostituisci();
+    void causeDiSqlite_data();
+    void causeDiSqlite();
+    void testoDellaCausa();
 };
 
 void TestFileDati::scriviByte_data() {
@@ -154,6 +159,9 @@ void TestFileDati::leggiFileMancante() {
     const QString testo = errore([&] { FileDati::leggiRighe(percorso); });
     QVERIFY2(!testo.isNull(), "nessun errore per un file mancante");
     QVERIFY2(testo.contains(u"Mancante-xyz.txt"_s), qPrintable(testo));
+    QVERIFY2(testo.contains(u": il file non esiste."_s), qPrintable(testo));
+    // The system's words only as a detail, after the cause.
+    QVERIFY2(!testo.section(u"(dettaglio:"_s, 0, 0).contains(u"No such file"_s), qPrintable(testo));
 
     const QString testoPrima = errore([&] { FileDati::leggiPrimaRiga(percorso); });
     QVERIFY2(!testoPrima.isNull(), "nessun errore per un file mancante");
@@ -239,6 +247,7 @@ void TestFileDati::scriviInCartellaMancante() {
     const QString testo = errore([&] { FileDati::scriviRighe(percorso, {u"riga"_s}); });
     QVERIFY2(!testo.isNull(), "nessun errore scrivendo in una cartella mancante");
     QVERIFY2(testo.contains(u"Archivio.txt"_s), qPrintable(testo));
+    QVERIFY2(testo.contains(u": la cartella non esiste."_s), qPrintable(testo));
     QVERIFY(!QFileInfo::exists(cartella));
     QVERIFY(QDir(dir.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
 }
@@ -255,6 +264,7 @@ void TestFileDati::scriviSottoUnFile() {
         errore([&] { FileDati::scriviRighe(blocco + u"/Archivio.txt"_s, {u"nuova"_s}); });
     QVERIFY2(!testo.isNull(), "nessun errore scrivendo sotto un file");
     QVERIFY2(testo.contains(u"Archivio.txt"_s), qPrintable(testo));
+    QVERIFY2(testo.contains(u": la cartella non esiste."_s), qPrintable(testo));
     QVERIFY(QFileInfo(blocco).isFile());
     QCOMPARE(contenuto(blocco), vecchio);
     QCOMPARE(QDir(dir.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
@@ -341,6 +351,60 @@ void TestFileDati::sostituisci() {
     attesi.sort(Qt::CaseInsensitive);
     QCOMPARE(d.entryList(QDir::Files), attesi);
     QCOMPARE(contenuto(dir.filePath(u"serieBelgio.txt"_s)), QByteArray("NUOVA\r\nLISTA\r\n"));
+}
+
+void TestFileDati::causeDiSqlite_data() {
+    QTest::addColumn<QString>("codice"); // SQLite's result code, as Qt hands it on
+    QTest::addColumn<QString>("causa");
+    QTest::newRow("SQLITE_FULL") << u"13"_s << u"il disco è pieno"_s;
+    QTest::newRow("SQLITE_BUSY") << u"5"_s << u"il file è in uso da un altro programma"_s;
+    QTest::newRow("SQLITE_LOCKED") << u"6"_s << u"il file è in uso da un altro programma"_s;
+    QTest::newRow("SQLITE_CORRUPT") << u"11"_s << u"il file è danneggiato o non è un database"_s;
+    QTest::newRow("SQLITE_NOTADB") << u"26"_s << u"il file è danneggiato o non è un database"_s;
+    QTest::newRow("SQLITE_READONLY") << u"8"_s << u"il file è di sola lettura"_s;
+    // An extended code counts by its low byte (SQLITE_READONLY_DBMOVED).
+    QTest::newRow("SQLITE_READONLY esteso") << u"1032"_s << u"il file è di sola lettura"_s;
+    QTest::newRow("SQLITE_CANTOPEN") << u"14"_s << u"il file non si può aprire"_s;
+    QTest::newRow("SQLITE_ERROR") << u"1"_s << u"il sistema non ha completato l'operazione"_s;
+    QTest::newRow("nessun codice") << QString() << u"il sistema non ha completato l'operazione"_s;
+}
+
+void TestFileDati::causeDiSqlite() {
+    QFETCH(QString, codice);
+    QFETCH(QString, causa);
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    const QString percorso = dir.filePath(u"archivio.db"_s);
+    QVERIFY(scriviGrezzo(percorso, "x"));
+    const QSqlError errore(u"driver text"_s, u"database text"_s, QSqlError::StatementError, codice);
+    QCOMPARE(ErroriFile::descrizione(ErroriFile::causaSqlite(percorso, errore)), causa);
+    // A folder in place of the file, whatever SQLite could not open.
+    QVERIFY(QFile::remove(percorso));
+    QVERIFY(QDir().mkdir(percorso));
+    if (codice == u"14"_s)
+        QCOMPARE(ErroriFile::causaSqlite(percorso, errore), ErroriFile::Causa::CartellaAlPosto);
+}
+
+void TestFileDati::testoDellaCausa() {
+    const QString percorso = u"/dati/Quote.txt"_s;
+    QCOMPARE(ErroriFile::testo(u"scrivere"_s, percorso, ErroriFile::Causa::DiscoPieno,
+                               u"No space left on device"_s),
+             u"Impossibile scrivere il file %1: il disco è pieno. (dettaglio: No space left on "
+             "device)"_s.arg(QDir::toNativeSeparators(percorso)));
+    // A detail that says nothing is left out.
+    for (const QString &vuoto : {QString(), u"Unknown error"_s, u"  "_s})
+        QCOMPARE(
+            ErroriFile::testo(u"leggere"_s, percorso, ErroriFile::Causa::Sconosciuta, vuoto),
+            u"Impossibile leggere il file %1: il sistema non ha completato l'operazione."_s.arg(
+                QDir::toNativeSeparators(percorso)));
+    // No cause is "unknown": each has its own words.
+    QStringList parole;
+    for (int c = 0; c <= int(ErroriFile::Causa::Sconosciuta); ++c) {
+        const QString d = ErroriFile::descrizione(ErroriFile::Causa(c));
+        QVERIFY2(!d.contains(u"sconosciut"_s, Qt::CaseInsensitive), qPrintable(d));
+        QVERIFY2(!parole.contains(d), qPrintable(d));
+        parole.append(d);
+    }
 }
 
 QTEST_APPLESS_MAIN(TestFileDati)

@@ -24,7 +24,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QTextStream>
 
 #include <algorithm>
@@ -99,15 +98,10 @@ public:
             if (!QDir().mkpath(QFileInfo(file).path()))
                 throw ErroreEsecuzione(
                     u"Impossibile creare la cartella %1."_s.arg(nativo(QFileInfo(file).path())));
-            if (p.perRighe) {
+            if (p.perRighe)
                 FileDati::scriviRighe(file, p.righe);
-            } else {
-                QSaveFile f(file);
-                if (!f.open(QIODevice::WriteOnly) || f.write(p.byte) != p.byte.size() ||
-                    !f.commit())
-                    throw ErroreEsecuzione(u"Impossibile scrivere il file %1: %2"_s.arg(
-                        nativo(file), f.errorString()));
-            }
+            else
+                FileDati::scriviByte(file, p.byte);
             uscita() << u"Scritto %1 (%2).\n"_s.arg(p.percorso, p.descrizione);
         }
     }

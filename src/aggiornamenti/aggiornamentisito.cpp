@@ -138,16 +138,16 @@ QStringList AggiornamentiSito::righeArchivio(const QStringList &pezzi) {
     return righe;
 }
 
-void AggiornamentiSito::ricostruisciArchivio(const QStringList &pezzi) {
+QString AggiornamentiSito::ricostruisciArchivio(const QStringList &pezzi) {
     const QStringList nuove = righeArchivio(pezzi);
     // A page the loader would refuse, or one without contests, must not replace a good file.
     if (ArchivioColonne::daRighe(nuove).vuoto())
         throw ErroreEsecuzione(
             u"La pagina dell'archivio scaricata dal sito non contiene alcun concorso."_s);
     controllaInterruzione();
-    Archivio::scriviFile(m_stato, nuove);
-    Archivio::ricostruisci(m_stato);
+    m_notaArchivio = Archivio::sostituisci(m_stato, nuove);
     m_riepilogo.fatto(testo(Archivio::NomeFile));
+    return m_notaArchivio;
 }
 
 void AggiornamentiSito::riparaArchivio() {

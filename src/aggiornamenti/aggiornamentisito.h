@@ -86,10 +86,13 @@ public:
     // The lines of Archivio.txt from the page: the progressive dropped, each field followed by
     // one blank.
     static QStringList righeArchivio(const QStringList &pezzi);
-    // Archivio.txt rewritten from the page, then table and memory rebuilt from it. The lines are
-    // checked as the loader reads them before the file is touched: a page it would refuse, or
-    // one without contests, is a run-time fault that leaves the archive as it was.
-    void ricostruisciArchivio(const QStringList &pezzi);
+    // Archivio.txt rewritten from the page, then table and memory rebuilt from it, through
+    // Archivio::sostituisci: all three change or none. The lines are checked as the loader reads
+    // them before the file is touched: a page it would refuse, or one without contests, is a
+    // run-time fault that leaves the archive as it was. Returns the note of sostituisci, kept
+    // for the final box too (notaArchivio).
+    QString ricostruisciArchivio(const QStringList &pezzi);
+    const QString &notaArchivio() const { return m_notaArchivio; }
 
     // The repair: the site's archive, with no comparison of sizes, in place of the local one.
     void riparaArchivio();
@@ -143,4 +146,5 @@ private:
     Rete::Operazione m_operazione;
     Copie m_copie;
     RiepilogoAggiornamento m_riepilogo;
+    QString m_notaArchivio;
 };

@@ -112,7 +112,8 @@ void FrmInternet::aggiornaParziale(
         }
         if (dopo)
             dopo(stato, sito);
-        stato.dialoghi().informazione(Dialoghi::titoloAggiornamenti(), testoFinale);
+        annunciaModificaArchivio(stato.dialoghi(), Dialoghi::titoloAggiornamenti(), testoFinale,
+                                 sito.notaArchivio());
     });
 }
 
@@ -185,6 +186,7 @@ void FrmInternet::aggiorna() {
         }
         if (!quote)
             dialoghi.critico(titolo, testo(Quote::SenzaConnessione));
-        dialoghi.informazione(titolo, u"Aggiornamento effettuato."_s);
+        annunciaModificaArchivio(dialoghi, titolo, u"Aggiornamento effettuato."_s,
+                                 sito.notaArchivio());
     });
 }

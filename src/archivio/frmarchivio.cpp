@@ -2,6 +2,7 @@
 
 #include "archivio/scritturearchivio.h"
 #include "archivio/stampaarchivio.h"
+#include "core/archivio.h"
 #include "core/glossario.h"
 #include "core/mdistile.h"
 #include "core/mditastiera.h"
@@ -156,7 +157,7 @@ void FrmArchivio::caricaDatabase() {
     eseguiProtetto(m_stato.dialoghi(), [&] {
         QApplication::setOverrideCursor(Qt::WaitCursor);
         const auto cursore = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
-        ScrittureArchivio::ricaricaTabella(m_stato);
+        Archivio::ricaricaTabella(m_stato);
     });
 }
 

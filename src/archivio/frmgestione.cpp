@@ -213,18 +213,20 @@ void FrmGestione::muovi(Movimento movimento) {
 void FrmGestione::conferma() {
     eseguiProtetto(m_stato.dialoghi(), [&] {
         Dialoghi &dialoghi = m_stato.dialoghi();
+        QString nota;
         {
             QApplication::setOverrideCursor(Qt::WaitCursor);
             const auto cursore = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
             ripulisciCaselle();
             m_caselle[2]->setText(m_caselle[2]->text().toUpper());
             posiziona();
-            ScrittureArchivio::confermaModifica(m_stato, m_caselle[0]->text(), m_caselle[1]->text(),
-                                                m_caselle[2]->text());
+            nota = ScrittureArchivio::confermaModifica(m_stato, m_caselle[0]->text(),
+                                                       m_caselle[1]->text(), m_caselle[2]->text());
             // This screen closes here too.
             riapriDopoModificaArchivio(m_stato, true);
         }
-        dialoghi.informazione(Dialoghi::titoloApplicazione(), u"Modifiche effettuate."_s);
+        annunciaModificaArchivio(dialoghi, Dialoghi::titoloApplicazione(),
+                                 u"Modifiche effettuate."_s, nota);
     });
 }
 
@@ -237,9 +239,10 @@ void FrmGestione::elimina() {
             return;
         }
         posiziona();
-        ScrittureArchivio::eliminaCorrente(m_stato);
+        const QString nota = ScrittureArchivio::eliminaCorrente(m_stato);
         // The dashboard keeps the deleted contest until something refreshes it.
         riapriDopoModificaArchivio(m_stato, false);
-        dialoghi.informazione(titolo, u"La colonna è stata eliminata dall'archivio."_s);
+        annunciaModificaArchivio(dialoghi, titolo, u"La colonna è stata eliminata dall'archivio."_s,
+                                 nota);
     });
 }

@@ -153,11 +153,11 @@ void FrmInserisci::inserisci() {
             !dialoghi.domanda(titolo, u"Stai inserendo un numero di concorso minore di quello "
                                       "dell'ultimo inserito. Procedere?"_s))
             return;
-        ScrittureArchivio::inserisci(m_stato, m_txtStagione->text(), m_txtConcorso->text(),
-                                     colonna);
+        const QString nota = ScrittureArchivio::inserisci(m_stato, m_txtStagione->text(),
+                                                          m_txtConcorso->text(), colonna);
         // This screen closes here too: only the box is left to show.
         riapriDopoModificaArchivio(m_stato, true);
-        dialoghi.informazione(titolo, u"Inserimento effettuato."_s);
+        annunciaModificaArchivio(dialoghi, titolo, u"Inserimento effettuato."_s, nota);
     });
 }
 

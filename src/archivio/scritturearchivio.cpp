@@ -8,9 +8,6 @@
 #include "piattaforma/filedati.h"
 #include "piattaforma/tabellaarchivio.h"
 
-#include <QDir>
-#include <QSaveFile>
-
 using namespace Qt::StringLiterals;
 
 bool ScrittureArchivio::colonnaValida(const QString &colonna) {
@@ -38,14 +35,14 @@ QStringList ScrittureArchivio::righeConNuova(const QStringList &righeFile, const
     return righe;
 }
 
-void ScrittureArchivio::inserisci(StatoProgramma &stato, const QString &stagione,
-                                  const QString &concorso, const QString &colonna) {
+QString ScrittureArchivio::inserisci(StatoProgramma &stato, const QString &stagione,
+                                     const QString &concorso, const QString &colonna) {
     const QStringList righe = righeConNuova(Archivio::leggiFile(stato),
                                             Colonna::rigaArchivio(stagione, concorso, colonna));
-    Archivio::scriviFile(stato, righe);
-    Archivio::ricostruisci(stato);
+    QString nota = Archivio::sostituisci(stato, righe);
     // The workspace of the 9 must count the new contest.
     stato.RicalcolaColonne9 = true;
+    return nota;
 }
 
 RigaArchivio ScrittureArchivio::rigaCorretta(const QString &stagione, const QString &concorso,
@@ -70,25 +67,30 @@ QStringList ScrittureArchivio::righeDaTabella(const QList<RigaArchivio> &righe) 
     return testo;
 }
 
-void ScrittureArchivio::riscriviDaTabella(StatoProgramma &stato) {
-    Archivio::scriviFile(stato, righeDaTabella(stato.tabellaArchivio().tutte()));
-    Archivio::ricostruisci(stato);
+QList<RigaArchivio> ScrittureArchivio::righeTabellaSenzaCorrente(const StatoProgramma &stato,
+                                                                 int *ordine) {
+    const TabellaArchivio &tabella = stato.tabellaArchivio();
+    QList<RigaArchivio> righe = tabella.tutte();
+    *ordine = tabella.ordineCorrente();
+    if (*ordine < 0 || *ordine >= righe.size())
+        throw ErroreEsecuzione(u"Archivio database: nessuna riga corrente."_s);
+    righe.removeAt(*ordine);
+    return righe;
 }
 
-void ScrittureArchivio::confermaModifica(StatoProgramma &stato, const QString &stagione,
-                                         const QString &concorso, const QString &colonna) {
-    stato.tabellaArchivio().modifica(rigaCorretta(stagione, concorso, colonna));
-    riscriviDaTabella(stato);
+QString ScrittureArchivio::confermaModifica(StatoProgramma &stato, const QString &stagione,
+                                            const QString &concorso, const QString &colonna) {
+    // The new rows are made here, not in the table: a write that fails leaves the table as it
+    // was.
+    int ordine = 0;
+    QList<RigaArchivio> righe = righeTabellaSenzaCorrente(stato, &ordine);
+    righe.insert(ordine, rigaCorretta(stagione, concorso, colonna));
+    return Archivio::sostituisci(stato, righeDaTabella(righe));
 }
 
-void ScrittureArchivio::eliminaCorrente(StatoProgramma &stato) {
-    stato.tabellaArchivio().elimina();
-    riscriviDaTabella(stato);
-}
-
-void ScrittureArchivio::ricaricaTabella(StatoProgramma &stato) {
-    stato.tabellaArchivio().ricostruisci(
-        ArchivioColonne::daRighe(Archivio::leggiFile(stato)).righe());
+QString ScrittureArchivio::eliminaCorrente(StatoProgramma &stato) {
+    int ordine = 0;
+    return Archivio::sostituisci(stato, righeDaTabella(righeTabellaSenzaCorrente(stato, &ordine)));
 }
 
 QString ScrittureArchivio::paginaArchivio(const ArchivioColonne &archivio) {
@@ -104,10 +106,5 @@ QString ScrittureArchivio::paginaArchivio(const ArchivioColonne &archivio) {
 
 void ScrittureArchivio::scriviPaginaArchivio(const QString &percorso,
                                              const ArchivioColonne &archivio) {
-    const QByteArray contenuto = FileDati::codifica(paginaArchivio(archivio));
-    QSaveFile file(percorso);
-    if (!file.open(QIODevice::WriteOnly) || file.write(contenuto) != contenuto.size() ||
-        !file.commit())
-        throw ErroreEsecuzione(u"Impossibile scrivere il file %1: %2"_s.arg(
-            QDir::toNativeSeparators(percorso), file.errorString()));
+    FileDati::scriviByte(percorso, FileDati::codifica(paginaArchivio(archivio)));
 }

@@ -26,9 +26,11 @@ public:
     // The lines of Archivio.txt without the single-blank ones, with the new line after them.
     static QStringList righeConNuova(const QStringList &righeFile, const QString &nuova);
     // The entry of a new contest: the line of Colonna::rigaArchivio appended to Archivio.txt,
-    // then table and memory rebuilt and RicalcolaColonne9 set. The screen has asked its questions.
-    static void inserisci(StatoProgramma &stato, const QString &stagione, const QString &concorso,
-                          const QString &colonna);
+    // then table and memory rebuilt and RicalcolaColonne9 set, all through
+    // Archivio::sostituisci: a fault leaves the three copies as they were. Returns its note. The
+    // screen has asked its questions.
+    static QString inserisci(StatoProgramma &stato, const QString &stagione,
+                             const QString &concorso, const QString &colonna);
 
     // The row as the edit screen confirms it: the three fields as typed, the column in upper case
     // and the six metrics computed from it (no test of validity).
@@ -36,17 +38,13 @@ public:
                                      const QString &colonna);
     // The lines of Archivio.txt from rows of the table: the nine fields joined by one blank.
     static QStringList righeDaTabella(const QList<RigaArchivio> &righe);
-    // Archivio.txt rewritten from the table, then table and memory rebuilt from it.
-    static void riscriviDaTabella(StatoProgramma &stato);
-    // The current row of the table replaced by rigaCorretta, then riscriviDaTabella.
-    static void confermaModifica(StatoProgramma &stato, const QString &stagione,
-                                 const QString &concorso, const QString &colonna);
-    // The current row of the table deleted, then riscriviDaTabella.
-    static void eliminaCorrente(StatoProgramma &stato);
-
-    // The table emptied and filled again from Archivio.txt; the memory is left alone. The file is
-    // read and checked first, so a bad line leaves the table as it was.
-    static void ricaricaTabella(StatoProgramma &stato);
+    // The rows of the table with the current row in place of rigaCorretta, written as the lines
+    // of Archivio.txt through Archivio::sostituisci (the table itself is not touched first).
+    // Returns the note of sostituisci.
+    static QString confermaModifica(StatoProgramma &stato, const QString &stagione,
+                                    const QString &concorso, const QString &colonna);
+    // The rows of the table without the current row, written the same way.
+    static QString eliminaCorrente(StatoProgramma &stato);
 
     // The archive in the form of the site's archive page: for each contest its progressive number
     // from 1, a blank, and the nine fields each followed by a blank; every line, the last too,
@@ -54,4 +52,8 @@ public:
     static QString paginaArchivio(const ArchivioColonne &archivio);
     // Writes that page (Latin-1) to a file, replacing it whole.
     static void scriviPaginaArchivio(const QString &percorso, const ArchivioColonne &archivio);
+
+private:
+    // Every row of the table but the current one, and where that one stood.
+    static QList<RigaArchivio> righeTabellaSenzaCorrente(const StatoProgramma &stato, int *ordine);
 };

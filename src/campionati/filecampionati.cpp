@@ -4,7 +4,6 @@
 #include "piattaforma/filedati.h"
 
 #include <QFile>
-#include <QSaveFile>
 #include <QtEndian>
 
 using namespace Qt::StringLiterals;
@@ -199,9 +198,7 @@ FileCampionati::Calendario FileCampionati::ricreaCalendario(const QString &carte
         if (prima.size() > byte.size())
             byte.append(prima.mid(byte.size()));
     }
-    QSaveFile file(percorso);
-    if (!file.open(QIODevice::WriteOnly) || file.write(byte) != byte.size() || !file.commit())
-        throw ErroreEsecuzione(u"Impossibile scrivere il file %1."_s.arg(percorso));
+    FileDati::scriviByte(percorso, byte);
     return calendario;
 }
 

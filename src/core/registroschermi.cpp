@@ -1,6 +1,7 @@
 #include "core/registroschermi.h"
 
 #include "core/statoprogramma.h"
+#include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
 #include "piattaforma/rete.h"
 
@@ -18,4 +19,12 @@ void riapriDopoModificaArchivio(StatoProgramma &stato, bool aggiornaCruscotto) {
         if (aggiornaCruscotto)
             registro->aggiornaCruscotto();
     });
+}
+
+void annunciaModificaArchivio(Dialoghi &dialoghi, const QString &titolo, const QString &testo,
+                              const QString &nota) {
+    if (nota.isEmpty())
+        dialoghi.informazione(titolo, testo);
+    else
+        dialoghi.avviso(titolo, testo + QStringLiteral("\n\n") + nota);
 }

@@ -7,6 +7,7 @@
 
 class QPushButton;
 class QWidget;
+class Dialoghi;
 class StatoProgramma;
 
 // What the subsystems and their screens ask of the frame that owns them: the registry of screens
@@ -67,3 +68,8 @@ public:
 // write is done by then: a panel that can't take the new archive says so in its own box, and the
 // rest still runs. Nothing happens while the program is closing.
 void riapriDopoModificaArchivio(StatoProgramma &stato, bool aggiornaCruscotto);
+
+// The one box after a change of the archive: `testo` as an information, or, when the writer left
+// a note (Archivio::sostituisci), `testo` and the note as a warning.
+void annunciaModificaArchivio(Dialoghi &dialoghi, const QString &titolo, const QString &testo,
+                              const QString &nota);

@@ -31,6 +31,10 @@ void StatoProgramma::apriTabellaArchivio() {
         percorsoFile(QString::fromLatin1(TabellaArchivio::NomeFile)));
 }
 
+void StatoProgramma::usaTabellaArchivio(std::unique_ptr<TabellaArchivio> tabella) {
+    m_tabella = std::move(tabella);
+}
+
 QString StatoProgramma::percorsoFile(const QString &nome) const {
     return FileDati::percorso(PercorsoDati, nome);
 }

@@ -42,9 +42,13 @@ public:
     // settings the first time it is used.
     Rete &rete();
 
-    // The archive table; opened at start-up.
+    // The archive table; opened at start-up (see Archivio::apriTabella). It may be a table in
+    // memory standing in for a file that can't be used.
     TabellaArchivio &tabellaArchivio() const;
+    // Opens the table of the file archivio.db in the data folder; a fault when it can't.
     void apriTabellaArchivio();
+    // The table to use from now on, in place of the one before.
+    void usaTabellaArchivio(std::unique_ptr<TabellaArchivio> tabella);
     bool tabellaAperta() const { return bool(m_tabella); }
 
     // The registry of open screens (the frame).

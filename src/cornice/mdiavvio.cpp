@@ -109,14 +109,22 @@ bool caricaArchivio(StatoProgramma &stato) {
     Dialoghi &dialoghi = stato.dialoghi();
     const QString titolo = Dialoghi::titoloApplicazione();
     const QString testo = QString::fromUtf8(MdiAvvio::ArchivioIlleggibile) + u"\n\n"_s + guasto;
+    QString ripristino;
     if (Archivio::copiaPrecedenteValida(stato) &&
         dialoghi.domanda(titolo,
                          testo + u"\n\n"_s + QString::fromUtf8(MdiAvvio::DomandaRipristino))) {
-        Archivio::ripristinaCopiaPrecedente(stato);
-        Archivio::caricaMemoria(stato);
-        return true;
+        // A restore that fails leaves everything as it was; the box below says why.
+        try {
+            const QString nota = Archivio::ripristinaCopiaPrecedente(stato);
+            if (!nota.isEmpty())
+                dialoghi.avviso(titolo, nota);
+            return true;
+        } catch (const ErroreEsecuzione &e) {
+            ripristino = u"\n\n"_s + e.testo();
+        }
     }
-    dialoghi.critico(titolo, testo + u"\n\n"_s + QString::fromUtf8(MdiAvvio::AvvioSenzaArchivio));
+    dialoghi.critico(titolo, testo + ripristino + u"\n\n"_s +
+                                 QString::fromUtf8(MdiAvvio::AvvioSenzaArchivio));
     stato.ColonneArchivio.svuota();
     return false;
 }
@@ -145,16 +153,22 @@ bool MdiAvvio::esegui(MdiPannello &pannello) {
         stato.ScostamentoOrizzontale = pannello.width() * TwipsPerPixel - 12720;
         stato.ScostamentoVerticale = 0;
         stato.RicalcolaColonne9 = true;
-        // 5
-        stato.apriTabellaArchivio();
+        // 5. A table that can't be opened or read is no reason to stop: step 7 deals with it.
+        Archivio::apriTabella(stato);
         // 6
         stato.ClassificheAggiornate.fill(false);
         // 7. The table follows the file, the master: a table made anew on this start (a new data
-        // folder), or one that differs from a file changed by hand, is filled from it. Without
-        // an archive the table is left alone: it may be the only good copy.
+        // folder), or one that differs from a file changed by hand, is filled from it; a damaged
+        // one is set aside and made anew, and one that can't be written gives way to a table in
+        // memory. Without an archive the table is left alone: it may be the only good copy.
         const bool conArchivio = caricaArchivio(stato);
-        if (conArchivio)
-            Archivio::allineaTabella(stato);
+        const Archivio::NotaTabella tabella = Archivio::allineaTabella(stato, conArchivio);
+        if (!tabella.testo.isEmpty()) {
+            if (tabella.inUso)
+                stato.dialoghi().informazione(Dialoghi::titoloApplicazione(), tabella.testo);
+            else
+                stato.dialoghi().avviso(Dialoghi::titoloApplicazione(), tabella.testo);
+        }
         // 8
         stato.BaseColonne9 = StatoProgramma::ValoreBaseColonne9;
         // 9

@@ -1,11 +1,18 @@
 #include "piattaforma/filedati.h"
 
 #include "piattaforma/erroreesecuzione.h"
+#include "piattaforma/errorifile.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+
+#include <cerrno>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
 
 using namespace Qt::StringLiterals;
 
@@ -26,9 +33,11 @@ bool FileDati::esiste(const QString &cartella, const QString &nome) {
 
 QStringList FileDati::leggiRighe(const QString &percorsoFile) {
     QFile file(percorsoFile);
-    if (!file.open(QIODevice::ReadOnly))
-        throw ErroreEsecuzione(u"Impossibile leggere il file %1: %2"_s.arg(
-            QDir::toNativeSeparators(percorsoFile), file.errorString()));
+    errno = 0;
+    if (!file.open(QIODevice::ReadOnly)) {
+        const int codice = errno;
+        throw ErroriFile::lettura(file, codice);
+    }
     const QByteArray contenuto = file.readAll();
     QStringList righe;
     qsizetype inizio = 0;
@@ -58,11 +67,24 @@ void FileDati::scriviRighe(const QString &percorsoFile, const QStringList &righe
         contenuto += codifica(riga);
         contenuto += "\r\n";
     }
+    scriviByte(percorsoFile, contenuto);
+}
+
+void FileDati::scriviByte(const QString &percorsoFile, const QByteArray &contenuto) {
+    errno = 0;
     QSaveFile file(percorsoFile);
-    if (!file.open(QIODevice::WriteOnly) || file.write(contenuto) != contenuto.size() ||
-        !file.commit())
-        throw ErroreEsecuzione(u"Impossibile scrivere il file %1: %2"_s.arg(
-            QDir::toNativeSeparators(percorsoFile), file.errorString()));
+    // The buffer is flushed and the bytes sent to the disk before the commit: QSaveFile renames
+    // its file even when the flush inside commit() failed, and a full disk would leave a
+    // truncated file in place of the old one.
+    bool scritto = file.open(QIODevice::WriteOnly) && file.write(contenuto) == contenuto.size() &&
+                   file.flush();
+#ifdef Q_OS_UNIX
+    scritto = scritto && ::fsync(file.handle()) == 0;
+#endif
+    if (!scritto || !file.commit()) {
+        const int codice = errno;
+        throw ErroriFile::scrittura(file, codice, contenuto.size());
+    }
 }
 
 void FileDati::sostituisci(const QString &cartella, const QString &nome, const QStringList &righe) {
@@ -76,7 +98,11 @@ void FileDati::sostituisci(const QString &cartella, const QString &nome, const Q
 
 void FileDati::elimina(const QString &percorsoFile) {
     QFile file(percorsoFile);
-    if (file.exists() && !file.remove())
-        throw ErroreEsecuzione(u"Impossibile eliminare il file %1: %2"_s.arg(
-            QDir::toNativeSeparators(percorsoFile), file.errorString()));
+    errno = 0;
+    if (file.exists() && !file.remove()) {
+        const int codice = errno;
+        throw ErroriFile::errore(u"eliminare"_s, percorsoFile,
+                                 ErroriFile::causaScrittura(percorsoFile, codice),
+                                 file.errorString());
+    }
 }

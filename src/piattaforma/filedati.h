@@ -25,6 +25,9 @@ public:
     // atomically; a file whose name differs from it in case only is removed once the new one is
     // whole, so that the folder ends with the one name (at every moment it holds a whole file).
     static void sostituisci(const QString &cartella, const QString &nome, const QStringList &righe);
+    // Replaces the file with these bytes, whole and atomically; a failure is a fault that names
+    // the file and the cause in Italian (disk full, read-only file or folder, ...).
+    static void scriviByte(const QString &percorsoFile, const QByteArray &contenuto);
     // Removes the file if it is there; a failure is a fault.
     static void elimina(const QString &percorsoFile);
 

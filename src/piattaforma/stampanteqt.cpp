@@ -2,6 +2,7 @@
 
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/erroreesecuzione.h"
+#include "piattaforma/errorifile.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,6 +11,7 @@
 #include <QPrinterInfo>
 #include <QTemporaryFile>
 
+#include <cerrno>
 #include <filesystem>
 
 using namespace Qt::StringLiterals;
@@ -84,9 +86,14 @@ DispositivoDisegno &StampanteQt::inizia() {
     if (m_stampante.outputFormat() == QPrinter::PdfFormat && !file.isEmpty()) {
         // The pages go to a new file beside the one asked for.
         QTemporaryFile temporaneo(QFileInfo(file).absolutePath() + u"/.vespara-XXXXXX.pdf"_s);
-        if (!temporaneo.open())
-            throw ErroreEsecuzione(u"Impossibile avviare la stampa sulla stampante %1."_s.arg(
-                QDir::toNativeSeparators(file)));
+        errno = 0;
+        if (!temporaneo.open()) {
+            const int codice = errno;
+            throw ErroreEsecuzione(
+                u"Impossibile avviare la stampa sulla stampante %1.\n\n"_s.arg(
+                    QDir::toNativeSeparators(file)) +
+                ErroriFile::scrittura(file, temporaneo.errorString(), codice).testo());
+        }
         temporaneo.setAutoRemove(false);
         temporaneo.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner |
                                   QFileDevice::ReadGroup | QFileDevice::ReadOther);
@@ -114,17 +121,20 @@ void StampanteQt::fine() {
         return;
     const QString temporaneo = m_stampante.outputFileName();
     const QString file = m_filePdf;
+    std::error_code errore;
     if (finito) {
         // rename() replaces the old file in one step where the system can.
-        std::error_code errore;
         std::filesystem::rename(QFile::encodeName(temporaneo).toStdString(),
                                 QFile::encodeName(file).toStdString(), errore);
         finito = !errore;
     }
     if (!finito) {
+        // The pages may have stopped in the temporary file: its folder is the file's.
+        const qint64 scritti = QFileInfo(temporaneo).size();
         scartaPdf();
-        throw ErroreEsecuzione(
-            u"Impossibile scrivere il file %1."_s.arg(QDir::toNativeSeparators(file)));
+        throw ErroriFile::scrittura(file,
+                                    errore ? QString::fromLocal8Bit(errore.message()) : QString(),
+                                    errore ? errore.value() : 0, scritti);
     }
     m_stampante.setOutputFileName(file);
     m_filePdf.clear();

@@ -3,6 +3,7 @@
 #include "core/colonna.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/erroreesecuzione.h"
+#include "piattaforma/errorifile.h"
 #include "piattaforma/griglia.h"
 
 #include <QDate>
@@ -13,6 +14,7 @@
 #include <xlsxwriter.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <optional>
 #include <utility>
 
@@ -93,9 +95,8 @@ private:
         const QString nome = QDir::toNativeSeparators(m_percorso);
         switch (esito) {
         case LXW_ERROR_CREATING_XLSX_FILE:
-            return ErroreEsecuzione(
-                u"Impossibile creare il file %1: controllare la cartella e i permessi."_s.arg(
-                    nome));
+            return ErroriFile::errore(u"creare"_s, m_percorso,
+                                      ErroriFile::causaScrittura(m_percorso, errno), QString());
         case LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED:
             return ErroreEsecuzione(
                 u"Impossibile scrivere il file %1: un testo supera i %2 caratteri di una cella di Excel."_s
@@ -106,10 +107,8 @@ private:
                 u"Impossibile scrivere il file %1: la tabella supera le dimensioni di un foglio di Excel."_s
                     .arg(nome));
         default:
-            return ErroreEsecuzione(
-                u"Impossibile scrivere il file %1: errore %2 nella scrittura della cartella di lavoro."_s
-                    .arg(nome)
-                    .arg(int(esito)));
+            // The library's own text (English) is a detail; the cause is the disk's.
+            return ErroriFile::scrittura(m_percorso, QString::fromUtf8(lxw_strerror(esito)), errno);
         }
     }
 
