@@ -635,9 +635,12 @@ void TstGuasti::riparazioneNonRiuscita() {
     QVERIFY(b.disco->riempi());
     ripara();
     QCOMPARE(b.a.dialoghi.boxes.size(), 1);
-    const QString detto = b.boxDice(0, Dialoghi::Tipo::Critico,
-                                    {testo(Archivio::NonModificato), u"il disco è pieno"_s});
+    // A refresh that stopped: the warning of the network, with the cause and what it left.
+    const QString detto = b.boxDice(0, Dialoghi::Tipo::Avviso,
+                                    {testo(Archivio::NonModificato), u"il disco è pieno"_s,
+                                     u"Lasciati come erano: Archivio.txt."_s});
     QVERIFY2(detto.isEmpty(), qPrintable(detto));
+    QCOMPARE(b.a.dialoghi.boxes.first().titolo, Dialoghi::titoloAggiornamenti());
     QCOMPARE(Fotografia::di(b).differenza(prima), QString());
 
     b.disco->libera();
