@@ -17,8 +17,8 @@ VerificaVersione::VerificaVersione(Rete &rete, std::function<bool()> libera,
     , m_rete(rete)
     , m_libera(std::move(libera))
     , m_offri(std::move(offri)) {
-    m_avvio.start();
-    m_orologio = [this] { return m_avvio.elapsed(); };
+    m_cronometro.start();
+    m_orologio = [this] { return m_cronometro.elapsed(); };
     m_attesaAvvio.setInterval(RiprovaAvvioMs);
     connect(&m_attesaAvvio, &QTimer::timeout, this, &VerificaVersione::riprova);
 }

@@ -54,7 +54,7 @@ private:
     std::function<bool()> m_libera;
     std::function<void(const QString &)> m_offri;
     Orologio m_orologio;
-    QElapsedTimer m_avvio;
+    QElapsedTimer m_cronometro;
     std::optional<qint64> m_ultima;
     std::optional<qint64> m_precedente;
     QTimer m_attesaAvvio;
