@@ -2,9 +2,11 @@
 // full update, the repair of the archive, the partial updates, the quotas, the season and the
 // foreign team lists, used as a user would through the frame; and their steps on their own.
 #include "supporto/ambienteprova.h"
+#include "supporto/gestorefinestreprova.h"
 #include "supporto/strumentiprova.h"
 
 #include "aggiornamenti/aggiornamentisito.h"
+#include "aggiornamenti/verificaversione.h"
 #include "archivio/scritturearchivio.h"
 #include "core/archivio.h"
 #include "core/archiviocolonne.h"
@@ -338,6 +340,7 @@ private slots:
     void interruzione_data();
     void interruzione();
     void verificaVersioneNonDuranteAggiornamento();
+    void aggiornamentoDuranteLaVerifica();
 };
 
 void TstAggiornamentiSito::togliBlank_data() {
@@ -990,6 +993,8 @@ void TstAggiornamentiSito::verificaVersioneNonDuranteAggiornamento() {
     b.sito.archivio(senzaUltima(archivioConsegnato()));
     b.sito.server.setRitardo(u"/vespara/ClassifSerieB.html"_s, 400);
     QVERIFY(b.avvia());
+    // The check at the start is forgotten: only the update keeps the next one away.
+    b.a.orologioDiProva();
     b.a.dialoghi.svuota();
     b.sito.server.svuotaRichieste();
     quandoChiesta(b.sito.server, u"/vespara/ClassifSerieB.html"_s,
@@ -1001,9 +1006,45 @@ void TstAggiornamentiSito::verificaVersioneNonDuranteAggiornamento() {
     QVERIFY(!b.sito.percorsi().contains(u"/vespara/AggiornamentoProdotto5.html"_s));
 
     emit b.a.pannello().attivata();
-    QTest::qWait(50);
-    QCOMPARE(b.a.dialoghi.boxes.size(), 2);
+    QTRY_COMPARE(b.a.dialoghi.boxes.size(), 2);
     QCOMPARE(b.a.dialoghi.boxes.last().tipo, Tipo::Domanda);
+}
+
+void TstAggiornamentiSito::aggiornamentoDuranteLaVerifica() {
+    // A site that takes more than a second for each answer. The user comes back to the program
+    // and starts the full update while the silent check waits for the site: the check gives way
+    // without a word, and the update runs to its end as it would without it.
+    Banco b;
+    b.sito.scrivi(u"/vespara/AggiornamentoProdotto5.html"_s, "9.0.0");
+    b.sito.archivio(senzaUltima(archivioConsegnato()));
+    QVERIFY(b.avvia());
+    b.a.orologioDiProva();
+    b.a.dialoghi.svuota();
+    GestoreFinestreProva gestore(&b.a.pannello());
+    b.sito.server.setRitardo(1200);
+    b.sito.server.svuotaRichieste();
+    QVERIFY(gestore.tornaAlProgramma());
+    QVERIFY(b.a.verificaVersione().inCorso());
+    QTRY_VERIFY(b.sito.percorsi().contains(Radice));
+    QVERIFY(b.a.verificaVersione().inCorso());
+    QVERIFY(b.aggiorna(u"mnuCampionatoItaliano"_s, u"frmInternet"_s));
+    QCOMPARE(b.boxes(), QStringList{Banco::box(Tipo::Informazione, Effettuato)});
+    QVERIFY(!b.a.verificaVersione().inCorso());
+    QCOMPARE(b.fileScritti(classifiche() + quote() + schedine(u"SchedinaProssimoConcorso.txt"_s) +
+                           schedine(u"SchedinaSchedinaProssimoConcorso.txt"_s) + picchetti()),
+             QString());
+    QCOMPARE(b.ordine(QStringList{Radice, Versione, PaginaArchivio} + remoti(classifiche()) +
+                      remoti(quote()) + remoti(schedine(QString())) + remoti(picchetti()) +
+                      remoti(schedine(QString())) + QStringList{Radice, Quote}),
+             QString());
+    // The check asked for nothing past its probe, and the update's own waiting box, gone, starts
+    // no other.
+    QTest::qWait(100);
+    QVERIFY(!b.sito.percorsi().contains(u"/vespara/AggiornamentoProdotto5.html"_s));
+    QVERIFY(!b.a.verificaVersione().inCorso());
+    QCOMPARE(b.a.dialoghi.boxes.size(), 1);
+    QVERIFY(b.a.pannello().isEnabled());
+    QCOMPARE(QApplication::overrideCursor(), nullptr);
 }
 
 QTEST_MAIN(TstAggiornamentiSito)

@@ -2,15 +2,19 @@
 // program, the messages of the staff, the message to the staff, the release notes, the small
 // network screens. Against a real HTTP server on loopback, screens used as a user would.
 #include "supporto/ambienteprova.h"
+#include "supporto/gestorefinestreprova.h"
 
 #include "aggiornamenti/frmaggiornamenti.h"
 #include "aggiornamenti/frmcomm.h"
 #include "aggiornamenti/frminviamessaggio.h"
 #include "aggiornamenti/mdiaggiornamenti.h"
 #include "aggiornamenti/messaggi.h"
+#include "aggiornamenti/verificaversione.h"
 #include "aggiornamenti/versione.h"
-#include "cornice/mdipannello.h"
+#include "core/frmattendere.h"
 #include "core/statoprogramma.h"
+#include "cornice/mdipannello.h"
+#include "piattaforma/dialoghiqt.h"
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/filedati.h"
 #include "piattaforma/impostazioni.h"
@@ -18,6 +22,7 @@
 #include "piattaforma/serverhttp.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QDialog>
 #include <QDir>
@@ -60,14 +65,18 @@ public:
     QTemporaryDir dir;
     ServerHttp server{dir.path()};
 
-    // With the site up, or with nothing listening where the program looks for it.
+    // With the site up, or with nothing listening where the program looks for it. The silent
+    // check goes by the test's clock from then on.
     bool avvia(bool conSito = true) {
         if (conSito) {
             if (!server.avvia())
                 return false;
             a.impostaSito(server.radice());
         }
-        return a.avvia();
+        if (!a.avvia())
+            return false;
+        a.orologioDiProva();
+        return true;
     }
     void pubblica(const Sito &s = Sito()) {
         const QString c = u"/comunicazioniVp/"_s;
@@ -86,10 +95,15 @@ public:
     }
 
     MdiPannello &pannello() const { return a.pannello(); }
-    // The check runs from the event loop, after the activation.
+    VerificaVersione &verifica() const { return a.verificaVersione(); }
+    // The user back to the frame a minute after the last check, and the check done.
     void attiva() {
+        a.avanzaOrologio(VerificaVersione::IntervalloMs);
         emit a.pannello().attivata();
-        QTest::qWait(20);
+        QVERIFY(QTest::qWaitFor([this] { return !verifica().inCorso(); }));
+    }
+    int verificheFatte() const {
+        return int(percorsiChiesti().count(QString::fromUtf16(Versione::Pagina)));
     }
     void menu(const QString &voce) {
         QAction *azione = a.pannello().findChild<QAction *>(voce);
@@ -165,6 +179,13 @@ private slots:
     void attivazioneSenzaRientro();
     void menuVerifica_data();
     void menuVerifica();
+    void menuSenzaLimite();
+    void verificaCedeIlTurno();
+    void avvioAspettaIlProgrammaLibero();
+    void avvioSuSitoLento();
+    void sitoLentoUnaSolaVerifica();
+    void attivazioniDelProgramma();
+    void domandaLasciataSeOccupato();
 
     // The messages.
     void avvioMessaggioNuovo();
@@ -380,13 +401,269 @@ void TstMessaggi::attivazioneSenzaRientro() {
     QVERIFY(b.avvia());
     b.a.dialoghi.svuota();
     b.server.svuotaRichieste();
-    // The frame becomes active again while the first check still waits for the site.
+    // The frame becomes active again, even a minute later, while the first check still waits for
+    // the site.
     b.server.setRitardo(300);
-    QTimer::singleShot(50, &b.pannello(), [&b] { b.attiva(); });
-    b.attiva();
-    QTest::qWait(400);
+    b.a.avanzaOrologio(VerificaVersione::IntervalloMs);
+    emit b.pannello().attivata();
+    QVERIFY(b.verifica().inCorso());
+    QTest::qWait(50);
+    b.a.avanzaOrologio(VerificaVersione::IntervalloMs);
+    emit b.pannello().attivata();
+    QTRY_VERIFY(!b.verifica().inCorso());
     QCOMPARE(b.a.dialoghi.testi(), QStringList{Domanda});
     QCOMPARE(b.percorsiChiesti(), (QStringList{u"/"_s, u"/vespara/AggiornamentoProdotto5.html"_s}));
+}
+
+void TstMessaggi::verificaCedeIlTurno() {
+    // The check on its own, on a Rete of its own.
+    QTemporaryDir dir;
+    ServerHttp server(dir.path());
+    QVERIFY(server.avvia());
+    const QString pagina = QString::fromUtf16(Versione::Pagina);
+    server.imposta(pagina, "5.0.1\r\n");
+    server.setRitardo(u"/"_s, 200);
+    Rete rete(server.radice());
+    rete.setTempi({2000, 1000, 5000, 2000});
+    bool libera = false;
+    QStringList offerte;
+    VerificaVersione verifica(
+        rete, [&libera] { return libera; },
+        [&offerte](const QString &versione) { offerte.append(versione); });
+    qint64 ora = 1000;
+    verifica.setOrologio([&ora] { return ora; });
+
+    // The program is not free: no check, and its turn is not spent.
+    QVERIFY(!verifica.attivazione());
+    libera = true;
+    QVERIFY(verifica.attivazione());
+    QVERIFY(!verifica.attivazione());
+    // The user's own call while the check waits for the probe: it runs, and the check gives way.
+    QTRY_COMPARE(server.richieste().size(), 1);
+    QCOMPARE(rete.scaricaPagina(pagina).trimmed(), u"5.0.1"_s);
+    QTRY_VERIFY(!verifica.inCorso());
+    QVERIFY(offerte.isEmpty());
+    // A check abandoned is a check not made: the next activation makes it, at the same time.
+    QVERIFY(verifica.attivazione());
+    QTRY_VERIFY(!verifica.inCorso());
+    QCOMPARE(offerte, QStringList{u"5.0.1"_s});
+    ora += VerificaVersione::IntervalloMs - 1;
+    QVERIFY(!verifica.attivazione());
+    ora += 1;
+    // The answer comes while the program is busy: no question, the next check asks it.
+    QVERIFY(verifica.attivazione());
+    libera = false;
+    QTRY_VERIFY(!verifica.inCorso());
+    QCOMPARE(offerte.size(), 1);
+    // A page that came in part is no version.
+    libera = true;
+    ora += VerificaVersione::IntervalloMs;
+    server.impostaADueTempi(pagina, "6.0.0", 1, -1);
+    QVERIFY(verifica.attivazione());
+    QTRY_VERIFY(!verifica.inCorso());
+    QCOMPARE(offerte.size(), 1);
+    // Offline: nothing either.
+    rete.setRadice(u"http://127.0.0.1:9"_s);
+    ora += VerificaVersione::IntervalloMs;
+    QVERIFY(verifica.attivazione());
+    QTRY_VERIFY(!verifica.inCorso());
+    QCOMPARE(offerte.size(), 1);
+}
+
+void TstMessaggi::avvioAspettaIlProgrammaLibero() {
+    // The start's own check is put off, not dropped, while the program is busy.
+    QTemporaryDir dir;
+    ServerHttp server(dir.path());
+    QVERIFY(server.avvia());
+    server.imposta(QString::fromUtf16(Versione::Pagina), "5.0.1");
+    Rete rete(server.radice());
+    bool libera = false;
+    QStringList offerte;
+    VerificaVersione verifica(
+        rete, [&libera] { return libera; },
+        [&offerte](const QString &versione) { offerte.append(versione); });
+    verifica.avvio();
+    QVERIFY(verifica.avvioInAttesa());
+    QTest::qWait(300);
+    QVERIFY(!verifica.inCorso());
+    QVERIFY(server.richieste().isEmpty());
+    libera = true;
+    QTRY_VERIFY(!verifica.avvioInAttesa());
+    QTRY_VERIFY(!verifica.inCorso());
+    QCOMPARE(offerte, QStringList{u"5.0.1"_s});
+    QCOMPARE(server.richieste().size(), 2);
+    // Made once: the start does not make it again, nor does an activation within the minute.
+    verifica.avvio();
+    QVERIFY(!verifica.avvioInAttesa());
+    QVERIFY(!verifica.attivazione());
+    QCOMPARE(server.richieste().size(), 2);
+}
+
+void TstMessaggi::avvioSuSitoLento() {
+    // At the start the messages keep a slow site busy long enough for the waiting box: the
+    // check of the version comes after them, once, in silence.
+    Banco b;
+    b.versione("5.0.0");
+    b.server.setRitardo(1200);
+    bool boxDiAttesa = false;
+    QTimer guarda;
+    QObject::connect(&guarda, &QTimer::timeout, [&boxDiAttesa] {
+        const QWidgetList finestre = QApplication::topLevelWidgets();
+        for (QWidget *w : finestre)
+            boxDiAttesa = boxDiAttesa || (qobject_cast<FrmAttendere *>(w) && w->isVisible());
+    });
+    guarda.start(20);
+    QVERIFY(b.avvia());
+    guarda.stop();
+    QVERIFY(boxDiAttesa);
+    QCOMPARE(b.verificheFatte(), 1);
+    QVERIFY(b.a.dialoghi.boxes.isEmpty());
+    QTest::qWait(200);
+    QCOMPARE(b.verificheFatte(), 1);
+    QVERIFY(!b.verifica().inCorso());
+}
+
+void TstMessaggi::menuSenzaLimite() {
+    // The silent check has just asked the site; the menu asks again at once, under the
+    // hourglass.
+    Banco b;
+    b.versione("5.0.0");
+    QVERIFY(b.avvia());
+    b.a.dialoghi.svuota();
+    b.server.svuotaRichieste();
+    b.attiva();
+    QCOMPARE(b.verificheFatte(), 1);
+    b.server.setRitardo(200);
+    bool clessidra = false;
+    QTimer guarda;
+    QObject::connect(&guarda, &QTimer::timeout, [&clessidra] {
+        clessidra = clessidra || (QGuiApplication::overrideCursor() &&
+                                  QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor);
+    });
+    guarda.start(20);
+    b.menu(u"mnuAggiornamenti"_s);
+    guarda.stop();
+    QVERIFY(clessidra);
+    QCOMPARE(b.verificheFatte(), 2);
+    QCOMPARE(b.a.dialoghi.testi(),
+             QStringList{u"Non risulta alcuna versione più aggiornata per Vespara."_s});
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+void TstMessaggi::sitoLentoUnaSolaVerifica() {
+    // A site that takes more than a second for each answer, and the frame left alone after the
+    // user came back to it: the check asks the site once, shows nothing and holds nothing up.
+    Banco b;
+    b.versione("5.0.0");
+    QVERIFY(b.avvia());
+    GestoreFinestreProva gestore(&b.pannello());
+    b.a.dialoghi.svuota();
+    b.server.svuotaRichieste();
+    b.server.setRitardo(1200);
+    QVERIFY(gestore.tornaAlProgramma());
+    bool boxDiAttesa = false;
+    bool clessidra = false;
+    QElapsedTimer tempo;
+    tempo.start();
+    while (tempo.elapsed() < 9000) {
+        QTest::qWait(25);
+        const QWidgetList finestre = QApplication::topLevelWidgets();
+        for (QWidget *w : finestre)
+            boxDiAttesa = boxDiAttesa || (qobject_cast<FrmAttendere *>(w) && w->isVisible());
+        clessidra = clessidra || QApplication::overrideCursor();
+    }
+    QVERIFY(!boxDiAttesa);
+    QVERIFY(!clessidra);
+    QCOMPARE(b.percorsiChiesti(), (QStringList{u"/"_s, u"/vespara/AggiornamentoProdotto5.html"_s}));
+    QVERIFY(b.a.dialoghi.boxes.isEmpty());
+    QVERIFY(b.pannello().isActiveWindow());
+}
+
+void TstMessaggi::attivazioniDelProgramma() {
+    // Only the user's coming back from another application starts the check, and at most once a
+    // minute; the program's own windows and boxes that hand the focus back to the frame don't.
+    Banco b;
+    b.versione("5.0.0");
+    QVERIFY(b.avvia());
+    GestoreFinestreProva gestore(&b.pannello());
+    b.a.dialoghi.svuota();
+    b.server.svuotaRichieste();
+    QVERIFY(gestore.tornaAlProgramma());
+    QVERIFY(b.verifica().inCorso());
+    QTRY_VERIFY(!b.verifica().inCorso());
+    QCOMPARE(b.verificheFatte(), 1);
+
+    // A minute later, a dialog of the program and a box come and go.
+    b.a.avanzaOrologio(VerificaVersione::IntervalloMs);
+    b.menu(u"TB(7)"_s);
+    QWidget *invia = b.schermo(u"frmInviaMessaggio"_s);
+    QVERIFY(invia);
+    QTRY_VERIFY(invia->isActiveWindow());
+    b.clic(invia, u"cmdAnnulla"_s);
+    QTRY_VERIFY(b.pannello().isActiveWindow());
+    QVERIFY(!b.verifica().inCorso());
+    DialoghiQt dialoghi;
+    dialoghi.setGenitore(&b.pannello());
+    bool chiusa = false;
+    QTimer::singleShot(50, &b.pannello(), [&chiusa] {
+        if (auto *box = qobject_cast<QDialog *>(QApplication::activeModalWidget())) {
+            box->reject();
+            chiusa = true;
+        }
+    });
+    dialoghi.informazione(u"Vespara"_s, u"Prova"_s);
+    QVERIFY(chiusa);
+    QTRY_VERIFY(b.pannello().isActiveWindow());
+    QCOMPARE(gestore.restituzioni(), 2);
+    QVERIFY(!b.verifica().inCorso());
+    QTest::qWait(50);
+    QCOMPARE(b.verificheFatte(), 1);
+
+    // Back from another application: the minute has passed, it asks.
+    QVERIFY(gestore.tornaAlProgramma());
+    QVERIFY(b.verifica().inCorso());
+    QTRY_VERIFY(!b.verifica().inCorso());
+    QCOMPARE(b.verificheFatte(), 2);
+    // Back again within the minute: no.
+    b.a.avanzaOrologio(VerificaVersione::IntervalloMs - 1);
+    QVERIFY(gestore.tornaAlProgramma());
+    QVERIFY(!b.verifica().inCorso());
+    // And once the minute is full, yes.
+    b.a.avanzaOrologio(1);
+    QVERIFY(gestore.tornaAlProgramma());
+    QVERIFY(b.verifica().inCorso());
+    QTRY_VERIFY(!b.verifica().inCorso());
+    QCOMPARE(b.verificheFatte(), 3);
+    QCOMPARE(b.percorsiChiesti().count(u"/"_s), 3);
+    QVERIFY(b.a.dialoghi.boxes.isEmpty());
+}
+
+void TstMessaggi::domandaLasciataSeOccupato() {
+    // The answer comes while a dialog of the user is up: the question is left for the next
+    // check, which asks it.
+    Banco b;
+    b.versione("5.0.1");
+    QVERIFY(b.avvia());
+    b.a.dialoghi.svuota();
+    b.server.svuotaRichieste();
+    b.server.setRitardo(u"/vespara/AggiornamentoProdotto5.html"_s, 300);
+    b.a.avanzaOrologio(VerificaVersione::IntervalloMs);
+    emit b.pannello().attivata();
+    QVERIFY(b.verifica().inCorso());
+    QTRY_COMPARE(b.verificheFatte(), 1);
+    b.menu(u"TB(7)"_s);
+    QWidget *invia = b.schermo(u"frmInviaMessaggio"_s);
+    QVERIFY(invia);
+    QCOMPARE(QApplication::activeModalWidget(), invia);
+    QVERIFY(b.verifica().inCorso());
+    QTRY_VERIFY(!b.verifica().inCorso());
+    QVERIFY(b.a.dialoghi.boxes.isEmpty());
+    b.clic(invia, u"cmdAnnulla"_s);
+    QTRY_VERIFY(!b.schermo(u"frmInviaMessaggio"_s));
+    b.server.setRitardo(u"/vespara/AggiornamentoProdotto5.html"_s, 0);
+    b.attiva();
+    QCOMPARE(b.a.dialoghi.testi(), QStringList{Domanda});
+    QCOMPARE(b.verificheFatte(), 2);
 }
 
 void TstMessaggi::menuVerifica_data() {

@@ -13,7 +13,27 @@
 #include <QTest>
 #include <QTimer>
 
+#include <optional>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// Counts the waits that the frame would hear of.
+class Osservatore : public Rete::Osservatore {
+public:
+    int attese = 0;
+    void attesaIniziata() override { ++attese; }
+    void attesaFinita() override {}
+};
+
+// What a call in the background handed back, and when.
+struct Esito {
+    std::optional<Rete::Pagina> pagina;
+    std::optional<Rete::Esito> sonda;
+};
+
+} // namespace
 
 class TstRete : public QObject {
     Q_OBJECT
@@ -36,6 +56,11 @@ private slots:
     void annullaLAttesa();
     void operazioneNonAspettaDueVolte();
     void chiusuraFermaTutto();
+    void sottofondo_data();
+    void sottofondo();
+    void sottofondoCedeAllUtente();
+    void sottofondoNonPartePerUnAltro();
+    void sottofondoChiusuraEContesto();
 
 private:
     QTemporaryDir m_dir;
@@ -281,6 +306,155 @@ void TstRete::chiusuraFermaTutto() {
     QVERIFY(!rete.verificaConnessione());
     QCOMPARE(rete.scaricaTesto(u"/vespara/Corta.html"_s), QString());
     QVERIFY(m_server->richieste().isEmpty());
+}
+
+void TstRete::sottofondo_data() {
+    QTest::addColumn<QString>("radice"); // empty: the test server
+    QTest::addColumn<QString>("percorso");
+    QTest::addColumn<int>("sonda");
+    QTest::addColumn<int>("esito");
+    QTest::addColumn<QString>("inizio");
+    const int completa = int(Rete::Esito::Completa);
+    const int fallita = int(Rete::Esito::Fallita);
+    QTest::newRow("pagina") << QString() << u"/vespara/Corta.html"_s << completa << completa
+                            << u"abc "_s;
+    QTest::newRow("404") << QString() << u"/vespara/NonCe.html"_s << completa << completa
+                         << u"<html>"_s;
+    QTest::newRow("sito muto") << QString() << u"/muto.html"_s << completa << fallita << QString();
+    QTest::newRow("interrotta a metà")
+        << QString() << u"/meta.html"_s << completa << fallita << u"prima metà"_s;
+    QTest::newRow("porta chiusa") << u"http://127.0.0.1:%1"_s.arg(portaLibera())
+                                  << u"/vespara/Corta.html"_s << fallita << fallita << QString();
+    QTest::newRow("indirizzo non valido")
+        << u"http://[::1:bad"_s << u"/vespara/Corta.html"_s << fallita << fallita << QString();
+}
+
+void TstRete::sottofondo() {
+    // The same answers as the calls that wait, within the same limits, but nothing waits for
+    // them: the observer hears nothing and the network is not busy.
+    QFETCH(QString, radice);
+    QFETCH(QString, percorso);
+    QFETCH(int, sonda);
+    QFETCH(int, esito);
+    QFETCH(QString, inizio);
+    m_server->setRitardo(u"/muto.html"_s, -1);
+    m_server->impostaADueTempi(u"/meta.html"_s, "prima met\xe0 seconda met\xe0", 11, -1);
+    m_server->svuotaRichieste();
+    Rete rete(radice.isEmpty() ? m_server->radice() : radice);
+    rete.setTempi(TempiBrevi);
+    Osservatore osservatore;
+    rete.setOsservatore(&osservatore);
+    QObject contesto;
+    Esito e;
+    QElapsedTimer tempo;
+    tempo.start();
+    rete.verificaConnessioneInSottofondo(&contesto, [&e](Rete::Esito s) { e.sonda = s; });
+    rete.scaricaInSottofondo(percorso, &contesto, [&e](const Rete::Pagina &p) { e.pagina = p; });
+    // Never from within the call, even when the address is no address.
+    QVERIFY(!e.sonda && !e.pagina);
+    QVERIFY(!rete.occupata());
+    QTRY_VERIFY(e.sonda && e.pagina);
+    QCOMPARE(int(*e.sonda), sonda);
+    QCOMPARE(int(e.pagina->esito), esito);
+    QCOMPARE(e.pagina->testo.size(), Rete::LunghezzaPagina);
+    QVERIFY2(e.pagina->testo.startsWith(inizio), qPrintable(e.pagina->testo.left(40)));
+    if (inizio.isEmpty())
+        QCOMPARE(e.pagina->testo.trimmed(), QString());
+    // A stall ends it at the stall's time.
+    QVERIFY(tempo.elapsed() < 2000);
+    QCOMPARE(osservatore.attese, 0);
+    QVERIFY(!rete.inSottofondo());
+    for (const auto &r : m_server->richieste())
+        QCOMPARE(r.intestazioni.value("user-agent"), QByteArray("API"));
+}
+
+void TstRete::sottofondoCedeAllUtente() {
+    // A background call that waits for a silent site gives way to the user's call at once: that
+    // one runs as ever, and the background one ends as cancelled.
+    m_server->setRitardo(u"/muto.html"_s, -1);
+    Rete rete(m_server->radice());
+    QObject contesto;
+    Esito e;
+    rete.scaricaInSottofondo(u"/muto.html"_s, &contesto,
+                             [&e](const Rete::Pagina &p) { e.pagina = p; });
+    QVERIFY(rete.inSottofondo());
+    QTRY_VERIFY(m_server->richieste().size() > 0 &&
+                m_server->richieste().last().percorso == u"/muto.html"_s);
+    QElapsedTimer tempo;
+    tempo.start();
+    QCOMPARE(rete.scaricaPagina(u"/vespara/Corta.html"_s).trimmed(), u"abc"_s);
+    QVERIFY(tempo.elapsed() < 2000);
+    QVERIFY(!rete.inSottofondo());
+    QTRY_VERIFY(e.pagina);
+    QCOMPARE(e.pagina->esito, Rete::Esito::Annullata);
+    QCOMPARE(e.pagina->testo.trimmed(), QString());
+
+    // An operation that begins abandons it too, before its first call.
+    e = {};
+    rete.verificaConnessioneInSottofondo(&contesto, [&e](Rete::Esito s) { e.sonda = s; });
+    QVERIFY(rete.inSottofondo());
+    {
+        Rete::Operazione operazione(rete);
+        QVERIFY(!rete.inSottofondo());
+    }
+    QTRY_VERIFY(e.sonda);
+    QCOMPARE(*e.sonda, Rete::Esito::Annullata);
+}
+
+void TstRete::sottofondoNonPartePerUnAltro() {
+    // While the user's operation holds the network, a background call does not even start.
+    Rete rete(m_server->radice());
+    QObject contesto;
+    Esito e;
+    Rete::Operazione operazione(rete);
+    m_server->svuotaRichieste();
+    rete.scaricaInSottofondo(u"/vespara/Corta.html"_s, &contesto,
+                             [&e](const Rete::Pagina &p) { e.pagina = p; });
+    QVERIFY(!rete.inSottofondo());
+    QTRY_VERIFY(e.pagina);
+    QCOMPARE(e.pagina->esito, Rete::Esito::Annullata);
+    QTest::qWait(50);
+    QVERIFY(m_server->richieste().isEmpty());
+}
+
+void TstRete::sottofondoChiusuraEContesto() {
+    m_server->setRitardo(u"/muto.html"_s, -1);
+    Rete rete(m_server->radice());
+    // The one who asked is gone: nobody hears the answer.
+    bool sentita = false;
+    {
+        QObject contesto;
+        rete.scaricaInSottofondo(u"/vespara/Corta.html"_s, &contesto,
+                                 [&sentita](const Rete::Pagina &) { sentita = true; });
+    }
+    QTRY_VERIFY(!rete.inSottofondo());
+    QTest::qWait(50);
+    QVERIFY(!sentita);
+
+    // The close abandons what is on its way, and nothing starts after it.
+    QObject contesto;
+    Esito e;
+    rete.scaricaInSottofondo(u"/muto.html"_s, &contesto,
+                             [&e](const Rete::Pagina &p) { e.pagina = p; });
+    rete.chiudi();
+    QVERIFY(!rete.inSottofondo());
+    QTRY_VERIFY(e.pagina);
+    QCOMPARE(e.pagina->esito, Rete::Esito::Annullata);
+    rete.verificaConnessioneInSottofondo(&contesto, [&e](Rete::Esito s) { e.sonda = s; });
+    QVERIFY(!rete.inSottofondo());
+    QTRY_VERIFY(e.sonda);
+    QCOMPARE(*e.sonda, Rete::Esito::Annullata);
+
+    // A Rete that goes with a call on its way leaves nothing behind.
+    auto altra = std::make_unique<Rete>(m_server->radice());
+    altra->scaricaInSottofondo(u"/muto.html"_s, &contesto,
+                               [&e](const Rete::Pagina &p) { e.pagina = p; });
+    QTRY_VERIFY(m_server->richieste().size() > 0 &&
+                m_server->richieste().last().percorso == u"/muto.html"_s);
+    e = {};
+    altra.reset();
+    QTest::qWait(50);
+    QVERIFY(!e.pagina);
 }
 
 QTEST_GUILESS_MAIN(TstRete)

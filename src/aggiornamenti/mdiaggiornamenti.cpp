@@ -6,6 +6,7 @@
 #include "aggiornamenti/frminviamessaggio.h"
 #include "aggiornamenti/frmrelease.h"
 #include "aggiornamenti/messaggi.h"
+#include "aggiornamenti/verificaversione.h"
 #include "aggiornamenti/versione.h"
 #include "core/registroschermi.h"
 #include "core/statoprogramma.h"
@@ -22,11 +23,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The state of the version check lives on the frame it belongs to.
+// The check from the menu runs on the frame it belongs to.
 constexpr const char *VerificaInCorso = "vesparaVerificaInCorso";
-constexpr const char *SaltaAttivazione = "vesparaSaltaAttivazione";
 
-// While a check runs (its question box moves the activation), no other one starts.
+// While the check from the menu runs, to its last box, the silent one does not start.
 class InCorso {
 public:
     explicit InCorso(RegistroSchermi &pannello)
@@ -63,9 +63,6 @@ void offriAggiornamento(RegistroSchermi &pannello, const QString &versione) {
     const bool si = pannello.stato().dialoghi().domanda(
         Dialoghi::titoloAggiornamenti(),
         QString::fromUtf16(MdiAggiornamenti::DomandaAggiornamento));
-    // A box that took the activation away gives it back: that activation is not a new one.
-    if (!pannello.finestra()->isActiveWindow())
-        pannello.finestra()->setProperty(SaltaAttivazione, true);
     if (si)
         if (auto *frm =
                 qobject_cast<FrmAggiornamenti *>(pannello.apriSchermo(u"frmAggiornamenti"_s)))
@@ -146,28 +143,17 @@ bool MdiAggiornamenti::altraOperazione(RegistroSchermi &pannello) {
            QApplication::activeModalWidget() || QApplication::overrideCursor();
 }
 
-void MdiAggiornamenti::verificaAggiornamenti(RegistroSchermi &pannello) {
-    // Never inside another operation (an update, a box, the waiting box): its question would
-    // come in the middle of it. The next activation asks again.
-    if (altraOperazione(pannello))
-        return;
-    if (pannello.finestra()->property(SaltaAttivazione).toBool()) {
-        pannello.finestra()->setProperty(SaltaAttivazione, false);
-        return;
-    }
-    // The offer is on show already: that is the answer.
-    if (pannello.trovaSchermo(u"frmAggiornamenti"_s))
-        return;
-    InCorso inCorso(pannello);
-    eseguiProtetto(pannello.stato().dialoghi(), [&] {
-        Rete &rete = pannello.stato().rete();
-        Rete::Operazione operazione(rete);
-        if (!rete.verificaConnessione())
-            return;
-        const QString versione = Versione::scarica(rete);
-        if (!versione.isEmpty() && Versione::piuRecente(versione))
-            offriAggiornamento(pannello, versione);
-    });
+VerificaVersione *MdiAggiornamenti::creaVerifica(RegistroSchermi &pannello) {
+    const auto libera = [&pannello] {
+        // The offer on show already is the answer.
+        return !altraOperazione(pannello) && !pannello.stato().rete().inChiusura() &&
+               !pannello.trovaSchermo(u"frmAggiornamenti"_s);
+    };
+    const auto offri = [&pannello](const QString &versione) {
+        eseguiProtetto(pannello.stato().dialoghi(),
+                       [&] { offriAggiornamento(pannello, versione); });
+    };
+    return new VerificaVersione(pannello.stato().rete(), libera, offri, pannello.finestra());
 }
 
 void MdiAggiornamenti::registra(RegistroSchermi &pannello) {

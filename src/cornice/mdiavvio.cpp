@@ -1,6 +1,7 @@
 #include "cornice/mdiavvio.h"
 
 #include "aggiornamenti/mdiaggiornamenti.h"
+#include "aggiornamenti/verificaversione.h"
 #include "campionati/leghe.h"
 #include "core/archivio.h"
 #include "core/colonna.h"
@@ -198,18 +199,18 @@ bool MdiAvvio::esegui(MdiPannello &pannello) {
     }
     // 16 and 18 ask the site: they run once the frame is on the screen and the program is in its
     // event loop, so a slow site never keeps the window from appearing.
+    VerificaVersione *verifica = MdiAggiornamenti::creaVerifica(pannello);
     const bool novita = noteDiRilascio(stato);
-    QTimer::singleShot(0, &pannello, [&pannello, novita] {
+    QTimer::singleShot(0, &pannello, [&pannello, novita, verifica] {
         MdiAggiornamenti::controllaMessaggi(pannello);
         if (novita && !pannello.stato().rete().inChiusura())
             eseguiProtetto(pannello.stato().dialoghi(),
                            [&pannello] { MdiAggiornamenti::mostraNovita(pannello); });
+        // The start's own check of a newer program: the frame's first activation may have come
+        // while the messages held the network or a box of the start was up.
+        verifica->avvio();
     });
-    // The check of a newer program runs from the event loop, after the event that activated the
-    // frame; inside another operation it waits for the next activation.
-    QObject::connect(&pannello, &MdiPannello::attivata, &pannello, [&pannello] {
-        QTimer::singleShot(0, &pannello,
-                           [&pannello] { MdiAggiornamenti::verificaAggiornamenti(pannello); });
-    });
+    // Then the check runs each time the user comes back to the frame.
+    QObject::connect(&pannello, &MdiPannello::attivata, verifica, &VerificaVersione::attivazione);
     return true;
 }

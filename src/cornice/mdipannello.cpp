@@ -19,6 +19,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QFile>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMdiArea>
@@ -31,6 +32,7 @@
 #include <QToolBar>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <QWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -225,6 +227,14 @@ MdiPannello::MdiPannello(StatoProgramma &stato)
         m_stato.impostazioni().imposta(Impostazioni::GeometriaCornice, saveGeometry());
     });
     m_stato.setRegistro(this);
+    // The window system names the window with the focus. Coming from none of the program's, the
+    // user is back from elsewhere; from one of the program's, the program itself moved the focus.
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](QWindow *finestra) {
+        const bool daFuori = !m_programmaAttivo;
+        m_programmaAttivo = finestra != nullptr;
+        if (daFuori && finestra && finestra == windowHandle())
+            emit attivata();
+    });
 }
 
 MdiPannello::~MdiPannello() {
@@ -700,8 +710,6 @@ void MdiPannello::changeEvent(QEvent *e) {
     QMainWindow::changeEvent(e);
     if (e->type() == QEvent::WindowStateChange)
         ricordaGeometria();
-    if (e->type() == QEvent::ActivationChange && isActiveWindow())
-        emit attivata();
 }
 
 QString MdiPannello::testoInformazioni() {

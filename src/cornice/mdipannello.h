@@ -80,7 +80,9 @@ public:
     QString avvisoStato() const;
 
 signals:
-    // The frame became the active window, also back from another application.
+    // The frame became the active window coming from outside the program: the user back from
+    // another application, or the first activation. Not when a box, a dialog or a window of the
+    // program gives the focus back to it.
     void attivata();
     // The frame was closed: the program ends (main quits on it). By then the operation under
     // way has been stopped, and nothing more is written.
@@ -127,6 +129,8 @@ private:
     QTimer *m_timer1 = nullptr;
     std::array<QLabel *, 4> m_pic{};
     int m_fotogramma = 0;
+    // Whether a window of the program held the focus at the last change of the focus window.
+    bool m_programmaAttivo = false;
     QHash<QString, Fabbrica> m_fabbriche;
     QHash<QString, std::function<void()>> m_azioni;
     QHash<QString, QAction *> m_voci;

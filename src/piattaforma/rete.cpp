@@ -7,6 +7,8 @@
 #include <QNetworkRequest>
 #include <QTimer>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -26,8 +28,102 @@ bool scambioCompleto(const QNetworkReply &reply) {
 
 } // namespace
 
+// One request on its way, whether a call waits for it or not: it gathers a page's worth at most,
+// and ends at the first of the answer complete, a page's worth, the connection not open in time,
+// the page not whole in time (a stall is the request's own transfer time-out). `fine` hears the
+// end once.
+class Rete::Trasferimento : public QObject {
+public:
+    Trasferimento(QNetworkReply *reply, int tempoConnessione, int tempoMassimo, QObject *genitore)
+        : QObject(genitore)
+        , m_reply(reply) {
+        for (QTimer *t : {&m_connessione, &m_scadenza}) {
+            t->setSingleShot(true);
+            connect(t, &QTimer::timeout, this, &Trasferimento::termina);
+        }
+        connect(reply, &QNetworkReply::finished, this, &Trasferimento::termina);
+        connect(reply, &QNetworkReply::requestSent, &m_connessione, &QTimer::stop);
+        connect(reply, &QNetworkReply::metaDataChanged, &m_connessione, &QTimer::stop);
+        // More than a page is of no use: the transfer stops once it has a page's worth.
+        connect(reply, &QNetworkReply::readyRead, this, [this] {
+            m_corpo += m_reply->read(LunghezzaPagina - m_corpo.size());
+            if (m_corpo.size() >= LunghezzaPagina)
+                termina();
+        });
+        m_connessione.start(tempoConnessione);
+        m_scadenza.start(tempoMassimo);
+        if (reply->isFinished())
+            termina();
+    }
+    ~Trasferimento() override { stacca(); }
+
+    void setFine(std::function<void()> fine) { m_fine = std::move(fine); }
+    bool finito() const { return m_finito; }
+    // Gives up at once: the transfer is broken off and the end is heard now.
+    void abbandona() {
+        m_abbandonato = true;
+        if (m_reply && !m_reply->isFinished())
+            m_reply->abort();
+        termina();
+    }
+
+    // The answer, once ended; `annullata` when the program called it off. The reply is disposed of.
+    Risposta risposta(bool annullata) {
+        stacca();
+        Risposta r;
+        r.corpo = m_corpo;
+        if (!m_reply)
+            return {annullata ? Esito::Annullata : Esito::Fallita, r.corpo};
+        QNetworkReply &reply = *m_reply;
+        bool piena = r.corpo.size() >= LunghezzaPagina;
+        if (!piena && reply.isFinished() && reply.isOpen())
+            r.corpo += reply.read(LunghezzaPagina - r.corpo.size());
+        piena = piena || r.corpo.size() >= LunghezzaPagina;
+        if (annullata || m_abbandonato)
+            r.esito = Esito::Annullata;
+        else if (piena || (reply.isFinished() && scambioCompleto(reply)))
+            r.esito = Esito::Completa;
+        else
+            r.esito = Esito::Fallita;
+        if (!reply.isFinished())
+            reply.abort();
+        reply.deleteLater();
+        m_reply = nullptr;
+        return r;
+    }
+
+private:
+    void termina() {
+        if (m_finito)
+            return;
+        m_finito = true;
+        m_connessione.stop();
+        m_scadenza.stop();
+        // Off the member first: whoever hears the end may dispose of this transfer.
+        if (const std::function<void()> fine = std::exchange(m_fine, {}))
+            fine();
+    }
+    // Every handler on the reply is cut before the answer is read: the reply may still emit
+    // while Qt disposes of it.
+    void stacca() {
+        if (!m_reply)
+            return;
+        QObject::disconnect(m_reply, nullptr, this, nullptr);
+        QObject::disconnect(m_reply, nullptr, &m_connessione, nullptr);
+    }
+
+    QPointer<QNetworkReply> m_reply;
+    QByteArray m_corpo;
+    QTimer m_connessione;
+    QTimer m_scadenza;
+    std::function<void()> m_fine;
+    bool m_finito = false;
+    bool m_abbandonato = false;
+};
+
 Rete::Operazione::Operazione(Rete &rete)
     : m_rete(rete) {
+    m_rete.abbandonaSottofondo();
     if (m_rete.m_operazioni++ == 0) {
         m_rete.m_annullata = false;
         m_rete.m_fallita = false;
@@ -57,6 +153,13 @@ Rete::Rete(QString radice)
 Rete::~Rete() {
     if (m_inCorso)
         m_inCorso->abort();
+    // Nobody hears of these any more.
+    const QList<Trasferimento *> sottofondo = std::exchange(m_sottofondo, {});
+    for (Trasferimento *t : sottofondo) {
+        t->setFine({});
+        t->abbandona();
+        t->risposta(true);
+    }
 }
 
 QUrl Rete::url(const QString &percorso) const {
@@ -74,19 +177,11 @@ void Rete::annulla() {
 
 void Rete::chiudi() {
     m_chiusura = true;
+    abbandonaSottofondo();
     annulla();
 }
 
-Rete::Risposta Rete::esegui(const QUrl &indirizzo, int tempoMassimo) {
-    if (m_operazioni == 0) {
-        m_annullata = false;
-        m_fallita = false;
-    }
-    if (m_chiusura || m_annullata)
-        return {Esito::Annullata, {}};
-    // The site did not answer a moment ago in this same operation: don't wait for it again.
-    if (m_fallita || !indirizzo.isValid())
-        return {};
+QNetworkReply *Rete::richiedi(const QUrl &indirizzo) {
     QNetworkRequest richiesta(indirizzo);
     richiesta.setHeader(QNetworkRequest::UserAgentHeader, u"API"_s);
     richiesta.setRawHeader("Cache-Control", "no-cache");
@@ -96,72 +191,88 @@ Rete::Risposta Rete::esegui(const QUrl &indirizzo, int tempoMassimo) {
     richiesta.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                            QNetworkRequest::NoLessSafeRedirectPolicy);
     richiesta.setTransferTimeout(m_tempi.stallo);
-    Risposta risposta = attendi(m_gestore.get(richiesta), tempoMassimo);
+    return m_gestore.get(richiesta);
+}
+
+Rete::Risposta Rete::esegui(const QUrl &indirizzo, int tempoMassimo) {
+    abbandonaSottofondo();
+    if (m_operazioni == 0) {
+        m_annullata = false;
+        m_fallita = false;
+    }
+    if (m_chiusura || m_annullata)
+        return {Esito::Annullata, {}};
+    // The site did not answer a moment ago in this same operation: don't wait for it again.
+    if (m_fallita || !indirizzo.isValid())
+        return {};
+    Risposta risposta = attendi(richiedi(indirizzo), tempoMassimo);
     if (risposta.esito == Esito::Fallita && m_operazioni > 0)
         m_fallita = true;
     return risposta;
 }
 
 Rete::Risposta Rete::attendi(QNetworkReply *reply, int tempoMassimo) {
-    Risposta risposta;
-    bool piena = false;
     QEventLoop attesa;
-    QTimer connessione;
-    QTimer scadenza;
-    for (QTimer *t : {&connessione, &scadenza}) {
-        t->setSingleShot(true);
-        QObject::connect(t, &QTimer::timeout, &attesa, &QEventLoop::quit);
-    }
-    // Every handler on the reply is cut before this function returns: the reply may still emit
-    // while Qt disposes of it, and the handlers refer to the locals here.
-    const std::array legami{
-        QObject::connect(reply, &QNetworkReply::finished, &attesa, &QEventLoop::quit),
-        QObject::connect(reply, &QNetworkReply::requestSent, &connessione, &QTimer::stop),
-        QObject::connect(reply, &QNetworkReply::metaDataChanged, &connessione, &QTimer::stop),
-        // More than a page is of no use: the transfer stops once it has a page's worth.
-        QObject::connect(reply, &QNetworkReply::readyRead, &attesa,
-                         [reply, &risposta, &piena, &attesa] {
-                             risposta.corpo += reply->read(LunghezzaPagina - risposta.corpo.size());
-                             if (risposta.corpo.size() >= LunghezzaPagina) {
-                                 piena = true;
-                                 attesa.quit();
-                             }
-                         }),
-    };
-    connessione.start(m_tempi.connessione);
-    scadenza.start(tempoMassimo);
+    Trasferimento trasferimento(reply, m_tempi.connessione, tempoMassimo, nullptr);
+    trasferimento.setFine([&attesa] { attesa.quit(); });
     m_inCorso = reply;
     ++m_attese;
     if (m_osservatore)
         m_osservatore->attesaIniziata();
-    if (!reply->isFinished())
+    if (!trasferimento.finito())
         attesa.exec(m_osservatore ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
     --m_attese;
     m_inCorso = nullptr;
-    for (const QMetaObject::Connection &legame : legami)
-        QObject::disconnect(legame);
+    trasferimento.setFine({});
+    const Risposta risposta = trasferimento.risposta(m_chiusura || m_annullata);
     if (m_osservatore)
         m_osservatore->attesaFinita();
-
-    if (!piena && reply->isFinished() && reply->isOpen())
-        risposta.corpo += reply->read(LunghezzaPagina - risposta.corpo.size());
-    piena = piena || risposta.corpo.size() >= LunghezzaPagina;
-    if (m_chiusura || m_annullata)
-        risposta.esito = Esito::Annullata;
-    else if (piena || (reply->isFinished() && scambioCompleto(*reply)))
-        risposta.esito = Esito::Completa;
-    else
-        risposta.esito = Esito::Fallita;
-    if (!reply->isFinished())
-        reply->abort();
-    reply->deleteLater();
     return risposta;
 }
 
-Rete::Pagina Rete::scarica(const QString &percorso) {
-    const Risposta r = esegui(url(percorso), m_tempi.pagina);
+void Rete::chiediInSottofondo(const QUrl &indirizzo, int tempoMassimo, QObject *contesto,
+                              std::function<void(const Risposta &)> fatto) {
+    const auto consegna = [contesto = QPointer<QObject>(contesto), fatto](const Risposta &r) {
+        if (contesto)
+            QTimer::singleShot(0, contesto.data(), [fatto, r] { fatto(r); });
+    };
+    // The user's call comes first; nothing starts once the program is closing.
+    if (m_chiusura || occupata()) {
+        consegna({Esito::Annullata, {}});
+        return;
+    }
+    if (!indirizzo.isValid()) {
+        consegna({});
+        return;
+    }
+    auto *trasferimento =
+        new Trasferimento(richiedi(indirizzo), m_tempi.connessione, tempoMassimo, &m_gestore);
+    const auto fine = [this, trasferimento, consegna] {
+        m_sottofondo.removeOne(trasferimento);
+        consegna(trasferimento->risposta(m_chiusura));
+        trasferimento->deleteLater();
+    };
+    if (trasferimento->finito()) {
+        fine();
+        return;
+    }
+    trasferimento->setFine(fine);
+    m_sottofondo.append(trasferimento);
+}
+
+void Rete::abbandonaSottofondo() {
+    const QList<Trasferimento *> sottofondo = m_sottofondo;
+    for (Trasferimento *t : sottofondo)
+        t->abbandona();
+}
+
+Rete::Pagina Rete::pagina(const Risposta &r) {
     return {QString::fromLatin1(r.corpo.left(LunghezzaPagina)).leftJustified(LunghezzaPagina, u' '),
             r.esito};
+}
+
+Rete::Pagina Rete::scarica(const QString &percorso) {
+    return pagina(esegui(url(percorso), m_tempi.pagina));
 }
 
 QString Rete::scaricaTesto(const QString &percorso) {
@@ -170,7 +281,18 @@ QString Rete::scaricaTesto(const QString &percorso) {
 }
 
 bool Rete::verificaConnessione() {
-    return esegui(url(u"/"_s), std::min(m_tempi.pagina, m_tempi.sonda)).esito == Esito::Completa;
+    return esegui(url(u"/"_s), tempoSonda()).esito == Esito::Completa;
+}
+
+void Rete::verificaConnessioneInSottofondo(QObject *contesto, std::function<void(Esito)> fatto) {
+    chiediInSottofondo(url(u"/"_s), tempoSonda(), contesto,
+                       [fatto = std::move(fatto)](const Risposta &r) { fatto(r.esito); });
+}
+
+void Rete::scaricaInSottofondo(const QString &percorso, QObject *contesto,
+                               std::function<void(const Pagina &)> fatto) {
+    chiediInSottofondo(url(percorso), m_tempi.pagina, contesto,
+                       [fatto = std::move(fatto)](const Risposta &r) { fatto(pagina(r)); });
 }
 
 QString Rete::togliBlank(QStringView testo) {

@@ -1,19 +1,26 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 #include <QNetworkAccessManager>
 #include <QPointer>
 #include <QString>
 #include <QStringList>
 #include <QUrl>
 
+#include <algorithm>
+#include <functional>
+
 class Impostazioni;
 class QNetworkReply;
+class QObject;
 
 // Everything the program fetches comes through here, from one update site: the download of a
 // page and the probe of the connection. Every call waits in a local event loop (the windows keep
 // painting) and is bounded: a connection that does not open, a transfer that stalls, a page that
 // never ends all give up in a few seconds. Any wait can be cancelled. No call ever raises.
+// The program's own checks that nobody waits for go in the background instead, within the same
+// limits, and give way to the user.
 class Rete {
 public:
     // A page comes back padded with blanks to this length, and cut at it.
@@ -98,6 +105,19 @@ public:
     // its status.
     bool verificaConnessione();
 
+    // The probe and the download in the background, for a check of the program's own that the
+    // user does not wait for: nothing waits in a loop, the observer hears nothing, and the network
+    // is not busy for them (occupata). Same time limits as the calls above. They give way to the
+    // user: one does not start while the network is busy, an ordinary call that starts meanwhile
+    // abandons it, and so does the close; an abandoned one ends as Annullata. The answer comes
+    // from the event loop, never from within the call, and not at all once `contesto` is gone.
+    // The probe's answer is Completa when online, as verificaConnessione's true.
+    void verificaConnessioneInSottofondo(QObject *contesto, std::function<void(Esito)> fatto);
+    void scaricaInSottofondo(const QString &percorso, QObject *contesto,
+                             std::function<void(const Pagina &)> fatto);
+    // True while a background call is on its way.
+    bool inSottofondo() const { return !m_sottofondo.isEmpty(); }
+
     // Cancels the call under way and every later one of the current operation.
     void annulla();
     // The program is closing: the call under way ends and nothing more is fetched.
@@ -114,8 +134,16 @@ private:
         Esito esito = Esito::Fallita;
         QByteArray corpo;
     };
+    class Trasferimento;
+    int tempoSonda() const { return std::min(m_tempi.pagina, m_tempi.sonda); }
+    static Pagina pagina(const Risposta &risposta);
+    QNetworkReply *richiedi(const QUrl &indirizzo);
     Risposta esegui(const QUrl &indirizzo, int tempoMassimo);
     Risposta attendi(QNetworkReply *reply, int tempoMassimo);
+    void chiediInSottofondo(const QUrl &indirizzo, int tempoMassimo, QObject *contesto,
+                            std::function<void(const Risposta &)> fatto);
+    // An ordinary call is starting, or the program is closing: the background calls give way.
+    void abbandonaSottofondo();
 
     QString m_radice;
     Tempi m_tempi;
@@ -126,5 +154,6 @@ private:
     bool m_fallita = false;
     bool m_chiusura = false;
     QPointer<QNetworkReply> m_inCorso;
+    QList<Trasferimento *> m_sottofondo;
     QNetworkAccessManager m_gestore;
 };

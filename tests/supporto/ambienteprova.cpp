@@ -1,5 +1,6 @@
 #include "supporto/ambienteprova.h"
 
+#include "aggiornamenti/verificaversione.h"
 #include "analisi/frmcolonne9.h"
 #include "core/statoprogramma.h"
 #include "cornice/mdipannello.h"
@@ -56,9 +57,13 @@ bool AmbienteProva::avvia() {
         if (!QTest::qWaitForWindowActive(&m_programma->pannello()))
             return false;
         // What the start leaves to the event loop (the messages, the release notes, the check of
-        // the version on activation) is done before the test goes on.
+        // the version, which asks the site in the background) is done before the test goes on.
         for (int i = 0; i < 3; ++i)
             QCoreApplication::processEvents();
+        const VerificaVersione &verifica = verificaVersione();
+        if (!QTest::qWaitFor([&] { return !verifica.avvioInAttesa() && !verifica.inCorso(); },
+                             30000))
+            return false;
     }
     return riuscito;
 }
@@ -77,6 +82,17 @@ void AmbienteProva::impostaSito(const QString &radice) {
     m_impostazioni->imposta(Impostazioni::RadiceSito, radice);
     if (m_programma)
         m_programma->stato().rete().setRadice(radice);
+}
+
+VerificaVersione &AmbienteProva::verificaVersione() const {
+    auto *verifica = pannello().findChild<VerificaVersione *>();
+    if (!verifica)
+        qFatal("il pannello non ha la verifica della versione");
+    return *verifica;
+}
+
+void AmbienteProva::orologioDiProva() {
+    verificaVersione().setOrologio([this] { return m_ora; });
 }
 
 MdiPannello &AmbienteProva::pannello() const {

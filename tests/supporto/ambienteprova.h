@@ -15,6 +15,7 @@
 class FrmColonne9;
 class MdiPannello;
 class StatoProgramma;
+class VerificaVersione;
 
 // A whole program on a temporary data folder, with recording dialogs and a screen of a chosen
 // size: what the screen tests start from.
@@ -42,6 +43,13 @@ public:
     FrmColonne9 *apriAnalisi9() const;
     Impostazioni &impostazioni() const { return *m_impostazioni; }
 
+    // The frame's silent check of a newer program.
+    VerificaVersione &verificaVersione() const;
+    // The check goes by the test's clock from now on, which stands still until the test moves
+    // it: the checks made before are forgotten.
+    void orologioDiProva();
+    void avanzaOrologio(qint64 ms) { m_ora += ms; }
+
     DialoghiProva dialoghi;
     Schermo schermo;
 
@@ -55,4 +63,5 @@ private:
     QTemporaryDir m_dir;
     std::unique_ptr<Impostazioni> m_impostazioni;
     std::unique_ptr<MdiProgramma> m_programma;
+    qint64 m_ora = 0;
 };
