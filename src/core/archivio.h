@@ -26,7 +26,7 @@ public:
         "L'archivio non è stato modificato: Archivio.txt, la tabella archivio.db e l'archivio in "
         "memoria sono rimasti com'erano.";
     static constexpr const char *ModificaRegistrata =
-        "La modifica È stata registrata in Archivio.txt e nell'archivio in memoria: non "
+        "La modifica è stata registrata in Archivio.txt e nell'archivio in memoria: non "
         "ripeterla. Non è stato possibile né scriverla nella tabella archivio.db né rimettere "
         "l'archivio com'era; fino alla prossima modifica dell'archivio o al prossimo avvio, che "
         "ricostruiranno la tabella, Vespara ne usa una copia in memoria.";
