@@ -33,7 +33,6 @@ void AggiornamentoStraniero::aggiorna(const TaglioClassifica::Voce &voce, const 
     if (!lega)
         throw ErroreEsecuzione(
             u"Campionato %1 sconosciuto."_s.arg(QString::fromLatin1(voce.codice)));
-    m_riepilogo.prevedi({TaglioClassifica::nome(voce)});
     // An empty address (a link page that came whole with nothing in it) fetches nothing: the
     // table comes out empty, as from a page without the marker.
     const QString pagina =

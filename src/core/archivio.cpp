@@ -321,12 +321,14 @@ QString Archivio::ripristinaCopiaPrecedente(StatoProgramma &stato) {
     return sostituisci(stato, FileDati::leggiRighe(percorso(stato, NomeCopiaPrecedente)));
 }
 
-void Archivio::apriTabella(StatoProgramma &stato) {
+QList<RigaArchivio> Archivio::apriTabella(StatoProgramma &stato) {
     TabellaFile t = apriFile(percorsoTabella(stato), false);
     stato.usaTabellaArchivio(t.tabella ? std::move(t.tabella) : tabellaInMemoria(stato, {}));
+    return t.righe;
 }
 
-Archivio::NotaTabella Archivio::allineaTabella(StatoProgramma &stato, bool conArchivio) {
+Archivio::NotaTabella Archivio::allineaTabella(StatoProgramma &stato, bool conArchivio,
+                                               const QList<RigaArchivio> &lette) {
     NotaTabella nota;
     if (!conArchivio)
         return nota;
@@ -335,8 +337,7 @@ Archivio::NotaTabella Archivio::allineaTabella(StatoProgramma &stato, bool conAr
     TabellaArchivio &aperta = stato.tabellaArchivio();
     try {
         if (!aperta.inMemoria()) {
-            // Read whole when it was opened.
-            if (aperta.tutte() != righe)
+            if (lette != righe)
                 aperta.ricostruisci(righe);
             return nota;
         }

@@ -85,12 +85,16 @@ public:
     static QString ripristinaCopiaPrecedente(StatoProgramma &stato);
 
     // Start-up, before the archive is read: the table of archivio.db when it opens and reads
-    // whole, else an empty one in memory for now. Never a fault.
-    static void apriTabella(StatoProgramma &stato);
+    // whole, else an empty one in memory for now. Never a fault. Returns the rows read, so that
+    // the start does not read them again.
+    static QList<RigaArchivio> apriTabella(StatoProgramma &stato);
     // Start-up, once the archive is read: the table must hold what the memory holds (the file may
-    // have been changed or copied by hand). A table that can't be read is set aside as
-    // archivio-danneggiato.db and made anew; one that differs is rebuilt; when that can't be
-    // done, a table in memory takes the archive. Without an archive (`conArchivio` false) the
-    // file is left alone: it may be the only good copy.
-    static NotaTabella allineaTabella(StatoProgramma &stato, bool conArchivio);
+    // have been changed or copied by hand). `lette` are the rows apriTabella read (a table
+    // rebuilt since, by the restore of the previous generation, differs from them at most once
+    // more). A table that can't be read is set aside as archivio-danneggiato.db and made anew;
+    // one that differs is rebuilt; when that can't be done, a table in memory takes the archive.
+    // Without an archive (`conArchivio` false) the file is left alone: it may be the only good
+    // copy.
+    static NotaTabella allineaTabella(StatoProgramma &stato, bool conArchivio,
+                                      const QList<RigaArchivio> &lette);
 };

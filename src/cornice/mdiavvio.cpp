@@ -155,7 +155,7 @@ bool MdiAvvio::esegui(MdiPannello &pannello) {
         stato.ScostamentoVerticale = 0;
         stato.RicalcolaColonne9 = true;
         // 5. A table that can't be opened or read is no reason to stop: step 7 deals with it.
-        Archivio::apriTabella(stato);
+        const QList<RigaArchivio> righeTabella = Archivio::apriTabella(stato);
         // 6
         stato.ClassificheAggiornate.fill(false);
         // 7. The table follows the file, the master: a table made anew on this start (a new data
@@ -163,7 +163,8 @@ bool MdiAvvio::esegui(MdiPannello &pannello) {
         // one is set aside and made anew, and one that can't be written gives way to a table in
         // memory. Without an archive the table is left alone: it may be the only good copy.
         const bool conArchivio = caricaArchivio(stato);
-        const Archivio::NotaTabella tabella = Archivio::allineaTabella(stato, conArchivio);
+        const Archivio::NotaTabella tabella =
+            Archivio::allineaTabella(stato, conArchivio, righeTabella);
         if (!tabella.testo.isEmpty()) {
             if (tabella.inUso)
                 stato.dialoghi().informazione(Dialoghi::titoloApplicazione(), tabella.testo);
