@@ -282,6 +282,7 @@ void TstRete::indirizziDellaRadice_data() {
     QTest::newRow("https con cartella") << u"https://www.esempio.it/vespara/"_s << QString();
     QTest::newRow("file") << u"file:///usr/share/vespara/sito"_s << QString();
     QTest::newRow("file con spazio") << u"file:///tmp/sito%20mio"_s << QString();
+    QTest::newRow("file con spazio in chiaro") << u"file:///tmp/sito mio"_s << QString();
     QTest::newRow("maiuscole") << u"HTTP://www.esempio.it"_s << QString();
     QTest::newRow("ftp") << u"ftp://www.esempio.it"_s << u"non comincia"_s;
     QTest::newRow("senza schema") << u"www.esempio.it"_s << u"non comincia"_s;
@@ -291,8 +292,7 @@ void TstRete::indirizziDellaRadice_data() {
     QTest::newRow("porta sbagliata") << u"http://127.0.0.1:99999"_s << u"non è scritto"_s;
     QTest::newRow("domanda") << u"http://www.esempio.it/?a=1"_s << u"non può contenere"_s;
     QTest::newRow("file relativo") << u"file:sito"_s << u"questo computer"_s;
-    QTest::newRow("file di un altro computer")
-        << u"file://server/sito"_s << u"questo computer"_s;
+    QTest::newRow("file di un altro computer") << u"file://server/sito"_s << u"questo computer"_s;
 }
 
 void TstRete::indirizziDellaRadice() {
@@ -318,8 +318,7 @@ void TstRete::paginaDaFile_data() {
     QTest::newRow("lunga") << u"/vespara/Lunga.html"_s << completa
                            << QString(Rete::LunghezzaPagina, u'x');
     QTest::newRow("radice") << u"/"_s << completa << u"<html>radice</html>"_s;
-    QTest::newRow("mancante") << u"/vespara/NonCe.html"_s << int(Rete::Esito::Fallita)
-                              << QString();
+    QTest::newRow("mancante") << u"/vespara/NonCe.html"_s << int(Rete::Esito::Fallita) << QString();
     QTest::newRow("cartella") << u"/vespara"_s << int(Rete::Esito::Fallita) << QString();
 }
 
@@ -358,8 +357,8 @@ void TstRete::sondaDiUnaCartella() {
     QCOMPARE(*sonda, Rete::Esito::Completa);
 
     // A folder without it, or no folder at all, is no site.
-    for (const QString &cartella : {m_sitoFile.filePath(u"vespara"_s),
-                                    m_sitoFile.filePath(u"non esiste"_s)}) {
+    for (const QString &cartella :
+         {m_sitoFile.filePath(u"vespara"_s), m_sitoFile.filePath(u"non esiste"_s)}) {
         Rete senza(QUrl::fromLocalFile(cartella).toString());
         QVERIFY(!senza.verificaConnessione());
         sonda.reset();

@@ -472,14 +472,15 @@ void scriviIndici(Sito &sito) {
         const QString link =
             percorso.startsWith(u"vespara/"_s) ? percorso.mid(8) : u"../"_s + percorso;
         voci += u"<li><a href=\"%1\">%2</a>: %3</li>\r\n"_s.arg(link, percorso.toHtmlEscaped(),
-                                                                  descrizione.toHtmlEscaped());
+                                                                descrizione.toHtmlEscaped());
     }
-    sito.testo(u"vespara/index.html"_s,
-               paginaHtml(u"Vespara - indice delle pagine del sito"_s,
-                          u"<p>Le %1 pagine da cui Vespara si aggiorna.</p>\r\n<ul>\r\n%2</ul>\r\n"_s
-                              .arg(pagine.size())
-                              .arg(voci)),
-               u"indice di %1 pagine"_s.arg(pagine.size()));
+    sito.testo(
+        u"vespara/index.html"_s,
+        paginaHtml(u"Vespara - indice delle pagine del sito"_s,
+                   u"<p>Le %1 pagine da cui Vespara si aggiorna.</p>\r\n<ul>\r\n%2</ul>\r\n"_s
+                       .arg(pagine.size())
+                       .arg(voci)),
+        u"indice di %1 pagine"_s.arg(pagine.size()));
     sito.testo(u"index.html"_s,
                paginaHtml(u"Vespara - sito degli aggiornamenti"_s,
                           u"<p>Benvenuti nel sito degli aggiornamenti di Vespara. "

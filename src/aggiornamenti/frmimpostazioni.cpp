@@ -26,7 +26,9 @@ QLabel *nota(const QString &nome, const QString &testo, QWidget *genitore) {
     auto *l = new QLabel(testo, genitore);
     l->setObjectName(nome);
     l->setWordWrap(true);
+    // The addresses in it can be copied; the focus stays with the field and the buttons.
     l->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    l->setFocusPolicy(Qt::NoFocus);
     return l;
 }
 

@@ -28,9 +28,8 @@ ImpostazioneSito::Prova ImpostazioneSito::prova(Rete &rete, const QString &radic
 }
 
 int ImpostazioneSito::pagineIndice(const QString &html) {
-    static const QRegularExpression collegamento(
-        u"<a\\s[^>]*?href\\s*=\\s*[\"']([^\"'#]+)[\"']"_s,
-        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression collegamento(u"<a\\s[^>]*?href\\s*=\\s*[\"']([^\"'#]+)[\"']"_s,
+                                                 QRegularExpression::CaseInsensitiveOption);
     QSet<QString> pagine;
     for (auto it = collegamento.globalMatch(html); it.hasNext();)
         pagine.insert(it.next().captured(1).trimmed());

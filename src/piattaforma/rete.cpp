@@ -176,11 +176,12 @@ QStringList Rete::cartelleSitoInstallato() {
 }
 
 QString Rete::erroreRadice(const QString &radice) {
-    const QUrl indirizzo(radice, QUrl::StrictMode);
+    const QUrl indirizzo(radice);
     const QString schema = indirizzo.scheme().toLower();
     if (radice.isEmpty() || !indirizzo.isValid())
         return u"L'indirizzo \"%1\" non è scritto correttamente. Esempi di indirizzi validi: "
-               u"https://www.esempio.it/vespara oppure file:///usr/share/vespara/sito"_s.arg(radice);
+               u"https://www.esempio.it/vespara oppure file:///usr/share/vespara/sito"_s.arg(
+                   radice);
     if (schema != u"http"_s && schema != u"https"_s && schema != u"file"_s)
         return u"L'indirizzo \"%1\" non comincia con http://, https:// o file://: il sito degli "
                u"aggiornamenti si raggiunge solo così."_s.arg(radice);

@@ -138,8 +138,8 @@ void ServerHttp::rispondi(QTcpSocket *socket, const Richiesta &richiesta) {
         corpo = fissa->second;
     } else if ((percorso == u"/"_s || percorso.isEmpty()) && trovaFile(u"index.html"_s).isEmpty()) {
         corpo = "<html><body>Vespara - sito locale degli aggiornamenti</body></html>";
-    } else if (const QString file = trovaFile(percorso.endsWith(u'/') ? percorso + u"index.html"_s
-                                                                     : percorso);
+    } else if (const QString file =
+                   trovaFile(percorso.endsWith(u'/') ? percorso + u"index.html"_s : percorso);
                !file.isEmpty()) {
         QFile f(file);
         if (f.open(QIODevice::ReadOnly))
