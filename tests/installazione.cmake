@@ -21,8 +21,8 @@ if(NOT esito EQUAL 0)
     message(FATAL_ERROR "cmake --install non riesce (${esito}):\n${uscita}")
 endif()
 
-# Exactly these files: the program, its desktop files and its guide, nothing of the tools or
-# libraries of the build.
+# Exactly these files: the program, its desktop files, its guide and its update site, nothing of
+# the tools or libraries of the build.
 set(attesi
     bin/vespara
     share/applications/${ID}.desktop
@@ -35,6 +35,16 @@ foreach(lato IN LISTS LATI)
     list(APPEND attesi share/icons/hicolor/${lato}x${lato}/apps/${ID}.png)
 endforeach()
 file(GLOB_RECURSE installati RELATIVE ${prefisso} ${prefisso}/*)
+# The update site is a folder of many pages: its own pages are checked below, the rest by name.
+set(sito share/vespara/sito)
+set(pagine_sito index.html vespara/index.html AggiornamentiVp/ColonneTotocalcio.htm
+    Vespara/AggVer.html vespara/ClassifSerieA.html vespara/Quote.html)
+foreach(pagina IN LISTS pagine_sito)
+    if(NOT EXISTS ${prefisso}/${sito}/${pagina})
+        message(FATAL_ERROR "Il sito installato non ha ${sito}/${pagina}")
+    endif()
+endforeach()
+list(FILTER installati EXCLUDE REGEX "^${sito}/")
 list(SORT attesi)
 list(SORT installati)
 if(NOT installati STREQUAL attesi)

@@ -335,6 +335,7 @@ void TstCornice::didascalieDelMenu_data() {
     riga("mnuGuida", "Guida in linea", "mnuInfo");
     riga("mnuNovita", "Le Novità di questa Versione", "mnuInfo");
     riga("mnuLotto", "Altri Giochi", "mnuInfo");
+    riga("mnuImpostazioni", "Impostazioni…", "mnuInfo");
     riga("mnuEsci", "Esci", "");
 }
 
@@ -375,6 +376,7 @@ void TstCornice::vociAbilitate_data() {
                              "mnuAggManual",
                              "mnuQuote",
                              "mnuNovita",
+                             "mnuImpostazioni",
                              "mnuSchedinaDomenica",
                              "mnuSchedinaSabato",
                              "mnuProssimoConcorso",

@@ -3,6 +3,7 @@
 #include "piattaforma/rete.h"
 #include "piattaforma/serverhttp.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -12,6 +13,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QUrl>
 
 #include <optional>
 
@@ -49,7 +51,14 @@ private slots:
     void tempoMassimo();
     void percorsiSenzaMaiuscole();
     void testoNonRiempito();
+    void radiceDaUnSoloPosto_data();
     void radiceDaUnSoloPosto();
+    void cartelleDelSitoInstallato();
+    void indirizziDellaRadice_data();
+    void indirizziDellaRadice();
+    void paginaDaFile_data();
+    void paginaDaFile();
+    void sondaDiUnaCartella();
     void esitoDellaPagina_data();
     void esitoDellaPagina();
     void rispostaTardivaDopoIlRitorno();
@@ -64,7 +73,10 @@ private slots:
 
 private:
     QTemporaryDir m_dir;
+    // A site on disk, read through file: addresses.
+    QTemporaryDir m_sitoFile;
     std::unique_ptr<ServerHttp> m_server;
+    QString radiceFile() const { return QUrl::fromLocalFile(m_sitoFile.path()).toString(); }
     void scrivi(const QString &percorso, const QByteArray &contenuto) const {
         const QString file = m_dir.filePath(percorso);
         QDir().mkpath(QFileInfo(file).path());
@@ -83,6 +95,17 @@ private:
 void TstRete::initTestCase() {
     scrivi(u"vespara/Corta.html"_s, "abc");
     scrivi(u"Vespara/Accenti.html"_s, "Luned\xec");
+    for (const auto &[percorso, contenuto] :
+         {std::pair{"index.html", QByteArray("<html>radice</html>")},
+          {"vespara/Corta.html", "abc"},
+          {"Vespara/Accenti.html", "Luned\xec\r\n"},
+          {"vespara/Lunga.html", QByteArray(Rete::LunghezzaPagina + 10, 'x')}}) {
+        const QString file = m_sitoFile.filePath(QString::fromLatin1(percorso));
+        QVERIFY(QDir().mkpath(QFileInfo(file).path()));
+        QFile f(file);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(contenuto);
+    }
     m_server = std::make_unique<ServerHttp>(m_dir.path());
     QVERIFY(m_server->avvia());
 }
@@ -182,17 +205,167 @@ void TstRete::testoNonRiempito() {
     QCOMPARE(rete.url(u"/a/b.html"_s).toString(), m_server->radice() + u"/a/b.html"_s);
 }
 
+void TstRete::radiceDaUnSoloPosto_data() {
+    QTest::addColumn<QString>("variabile");
+    QTest::addColumn<QString>("impostazione");
+    QTest::addColumn<bool>("installato");
+    QTest::addColumn<QString>("attesa"); // "cartella": the installed folder's file: address
+    const QString locale = u"http://127.0.0.1:%1"_s.arg(Rete::PortaSitoLocale);
+    const QString env = u"http://127.0.0.1:1234"_s;
+    const QString imp = u"http://esempio.invalid"_s;
+    QTest::newRow("nulla") << QString() << QString() << false << locale;
+    QTest::newRow("cartella") << QString() << QString() << true << u"cartella"_s;
+    QTest::newRow("impostazione") << QString() << imp << true << imp;
+    QTest::newRow("variabile") << env << imp << true << env;
+    QTest::newRow("variabile senza impostazione") << env << QString() << true << env;
+    QTest::newRow("impostazione senza cartella") << QString() << imp << false << imp;
+}
+
 void TstRete::radiceDaUnSoloPosto() {
+    QFETCH(QString, variabile);
+    QFETCH(QString, impostazione);
+    QFETCH(bool, installato);
+    QFETCH(QString, attesa);
     QTemporaryDir dir;
     Impostazioni impostazioni(dir.filePath(u"i.ini"_s));
+    if (!impostazione.isEmpty())
+        impostazioni.imposta(Impostazioni::RadiceSito, impostazione);
+    // The first folder is no site (it has no root page): the second one is taken.
+    const QString vuota = dir.filePath(u"vuota"_s);
+    const QString sito = dir.filePath(u"sito installato"_s);
+    QVERIFY(QDir().mkpath(vuota));
+    if (installato) {
+        QVERIFY(QDir().mkpath(sito));
+        QFile pagina(QDir(sito).filePath(u"index.html"_s));
+        QVERIFY(pagina.open(QIODevice::WriteOnly));
+    }
+    if (attesa == u"cartella"_s)
+        attesa = QUrl::fromLocalFile(sito).toString();
+    if (variabile.isEmpty())
+        qunsetenv("VESPARA_SITO");
+    else
+        qputenv("VESPARA_SITO", variabile.toUtf8());
+    const QString radice = Rete::radicePredefinita(impostazioni, {vuota, sito});
     qunsetenv("VESPARA_SITO");
-    QCOMPARE(Rete::radicePredefinita(impostazioni),
-             u"http://127.0.0.1:%1"_s.arg(Rete::PortaSitoLocale));
-    impostazioni.imposta(Impostazioni::RadiceSito, u"http://esempio.invalid"_s);
-    QCOMPARE(Rete::radicePredefinita(impostazioni), u"http://esempio.invalid"_s);
-    qputenv("VESPARA_SITO", "http://127.0.0.1:1234");
-    QCOMPARE(Rete::radicePredefinita(impostazioni), u"http://127.0.0.1:1234"_s);
-    qunsetenv("VESPARA_SITO");
+    QCOMPARE(radice, attesa);
+    if (installato && attesa != u"http://127.0.0.1:%1"_s.arg(Rete::PortaSitoLocale)) {
+        // The folder's address reaches its pages, a blank in its name too.
+        Rete rete(QUrl::fromLocalFile(sito).toString());
+        QVERIFY(rete.verificaConnessione());
+    }
+}
+
+void TstRete::cartelleDelSitoInstallato() {
+    // Beside the executable first, as installed (<bin>/../share) and in a build folder, then the
+    // data folders of the system.
+    QTemporaryDir casa;
+    const QByteArray prima = qgetenv("XDG_DATA_HOME");
+    qputenv("XDG_DATA_HOME", QFile::encodeName(casa.path()));
+    const QStringList cartelle = Rete::cartelleSitoInstallato();
+    qputenv("XDG_DATA_HOME", prima);
+    const QString bin = QCoreApplication::applicationDirPath();
+    QVERIFY(cartelle.size() >= 3);
+    QCOMPARE(cartelle.at(0), QDir::cleanPath(bin + u"/../share/vespara/sito"_s));
+    QCOMPARE(cartelle.at(1), QDir::cleanPath(bin + u"/share/vespara/sito"_s));
+    QCOMPARE(cartelle.at(2), QDir(casa.path()).filePath(u"vespara/sito"_s));
+    // The tests run from the build folder, where the build made the site: a program started
+    // from there without settings finds it.
+    const QString costruito = QDir::cleanPath(bin + u"/../share/vespara/sito"_s);
+    QVERIFY2(QFileInfo(costruito + u"/vespara/index.html"_s).isFile(), qPrintable(costruito));
+    QCOMPARE(Rete::radiceInstallata(), QUrl::fromLocalFile(costruito).toString());
+}
+
+void TstRete::indirizziDellaRadice_data() {
+    QTest::addColumn<QString>("radice");
+    QTest::addColumn<QString>("errore"); // a word of the message, empty when accepted
+    QTest::newRow("http") << u"http://127.0.0.1:8641"_s << QString();
+    QTest::newRow("https con cartella") << u"https://www.esempio.it/vespara/"_s << QString();
+    QTest::newRow("file") << u"file:///usr/share/vespara/sito"_s << QString();
+    QTest::newRow("file con spazio") << u"file:///tmp/sito%20mio"_s << QString();
+    QTest::newRow("file con spazio in chiaro") << u"file:///tmp/sito mio"_s << QString();
+    QTest::newRow("maiuscole") << u"HTTP://www.esempio.it"_s << QString();
+    QTest::newRow("ftp") << u"ftp://www.esempio.it"_s << u"non comincia"_s;
+    QTest::newRow("senza schema") << u"www.esempio.it"_s << u"non comincia"_s;
+    QTest::newRow("cartella senza schema") << u"/usr/share/vespara/sito"_s << u"non comincia"_s;
+    QTest::newRow("senza host") << u"http://"_s << u"manca il nome"_s;
+    QTest::newRow("spazio") << u"http://www.esem pio.it"_s << u"non è scritto"_s;
+    QTest::newRow("porta sbagliata") << u"http://127.0.0.1:99999"_s << u"non è scritto"_s;
+    QTest::newRow("domanda") << u"http://www.esempio.it/?a=1"_s << u"non può contenere"_s;
+    QTest::newRow("file relativo") << u"file:sito"_s << u"questo computer"_s;
+    QTest::newRow("file di un altro computer") << u"file://server/sito"_s << u"questo computer"_s;
+}
+
+void TstRete::indirizziDellaRadice() {
+    QFETCH(QString, radice);
+    QFETCH(QString, errore);
+    const QString testo = Rete::erroreRadice(radice);
+    if (errore.isEmpty()) {
+        QCOMPARE(testo, QString());
+    } else {
+        QVERIFY2(testo.contains(errore), qPrintable(testo));
+        QVERIFY2(testo.contains(radice), qPrintable(testo));
+    }
+}
+
+void TstRete::paginaDaFile_data() {
+    QTest::addColumn<QString>("percorso");
+    QTest::addColumn<int>("esito");
+    QTest::addColumn<QString>("testo"); // without the padding
+    const int completa = int(Rete::Esito::Completa);
+    QTest::newRow("pagina") << u"/vespara/Corta.html"_s << completa << u"abc"_s;
+    // Latin-1 and the line end as they are, as from the web.
+    QTest::newRow("latin-1") << u"Vespara/Accenti.html"_s << completa << u"Lunedì\r\n"_s;
+    QTest::newRow("lunga") << u"/vespara/Lunga.html"_s << completa
+                           << QString(Rete::LunghezzaPagina, u'x');
+    QTest::newRow("radice") << u"/"_s << completa << u"<html>radice</html>"_s;
+    QTest::newRow("mancante") << u"/vespara/NonCe.html"_s << int(Rete::Esito::Fallita) << QString();
+    QTest::newRow("cartella") << u"/vespara"_s << int(Rete::Esito::Fallita) << QString();
+}
+
+void TstRete::paginaDaFile() {
+    QFETCH(QString, percorso);
+    QFETCH(int, esito);
+    QFETCH(QString, testo);
+    Rete rete(radiceFile());
+    const Rete::Pagina pagina = rete.scarica(percorso);
+    QCOMPARE(int(pagina.esito), esito);
+    QCOMPARE(pagina.testo.size(), Rete::LunghezzaPagina);
+    QCOMPARE(pagina.testo.left(testo.size()), testo);
+    QCOMPARE(pagina.testo.mid(testo.size()).trimmed(), QString());
+    QCOMPARE(rete.scaricaTesto(percorso), esito == int(Rete::Esito::Completa) ? testo : QString());
+    // In the background the same.
+    QObject contesto;
+    std::optional<Rete::Pagina> sottofondo;
+    rete.scaricaInSottofondo(percorso, &contesto,
+                             [&sottofondo](const Rete::Pagina &p) { sottofondo = p; });
+    QTRY_VERIFY(sottofondo);
+    QCOMPARE(int(sottofondo->esito), esito);
+    QCOMPARE(sottofondo->testo, pagina.testo);
+}
+
+void TstRete::sondaDiUnaCartella() {
+    // The probe of a folder asks for its root page, and the folder's own address is its page.
+    Rete rete(radiceFile() + u"/"_s);
+    QCOMPARE(rete.url(u"/"_s), QUrl::fromLocalFile(m_sitoFile.filePath(u"index.html"_s)));
+    QCOMPARE(rete.url(u"/vespara/"_s),
+             QUrl::fromLocalFile(m_sitoFile.filePath(u"vespara/index.html"_s)));
+    QVERIFY(rete.verificaConnessione());
+    QObject contesto;
+    std::optional<Rete::Esito> sonda;
+    rete.verificaConnessioneInSottofondo(&contesto, [&sonda](Rete::Esito e) { sonda = e; });
+    QTRY_VERIFY(sonda);
+    QCOMPARE(*sonda, Rete::Esito::Completa);
+
+    // A folder without it, or no folder at all, is no site.
+    for (const QString &cartella :
+         {m_sitoFile.filePath(u"vespara"_s), m_sitoFile.filePath(u"non esiste"_s)}) {
+        Rete senza(QUrl::fromLocalFile(cartella).toString());
+        QVERIFY(!senza.verificaConnessione());
+        sonda.reset();
+        senza.verificaConnessioneInSottofondo(&contesto, [&sonda](Rete::Esito e) { sonda = e; });
+        QTRY_VERIFY(sonda);
+        QCOMPARE(*sonda, Rete::Esito::Fallita);
+    }
 }
 
 // Short waits, so that the stalls of the tests cost little.

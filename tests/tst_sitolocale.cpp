@@ -12,6 +12,7 @@
 #include <QDate>
 #include <QDateTime>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
@@ -79,6 +80,7 @@ private slots:
     void listeSquadre_data();
     void listeSquadre();
     void paginaNovita();
+    void indici();
     void classificheDaRisultati_data();
     void classificheDaRisultati();
     void ingressoSbagliato_data();
@@ -389,6 +391,27 @@ void TstSitoLocale::paginaNovita() {
     QVERIFY(byte.contains("Le novit\xe0 di Vespara 5.0.0"));
     QVERIFY(byte.contains("iso-8859-1"));
     QVERIFY(QFileInfo(pagina(u"vespara/index.html"_s)).size() > 0);
+}
+
+void TstSitoLocale::indici() {
+    // The index links every other page of the folder once, by a path relative to itself; the
+    // root page links the index.
+    QStringList file;
+    for (QDirIterator it(m_sito.path(), QDir::Files, QDirIterator::Subdirectories); it.hasNext();)
+        file.append(m_sito.relativeFilePath(it.next()));
+    file.removeOne(u"index.html"_s);
+    file.removeOne(u"vespara/index.html"_s);
+    const QString indice = QString::fromLatin1(byteDi(pagina(u"vespara/index.html"_s)));
+    static const QRegularExpression link(u"<a href=\"([^\"]+)\">"_s);
+    QStringList collegati;
+    for (auto it = link.globalMatch(indice); it.hasNext();)
+        collegati.append(QDir::cleanPath(
+            m_sito.relativeFilePath(m_sito.filePath(u"vespara/"_s + it.next().captured(1)))));
+    file.sort();
+    collegati.sort();
+    QCOMPARE(collegati, file);
+    QVERIFY(indice.contains(u"Le %1 pagine"_s.arg(file.size())));
+    QVERIFY(byteDi(pagina(u"index.html"_s)).contains("<a href=\"vespara/index.html\">"));
 }
 
 void TstSitoLocale::classificheDaRisultati_data() {

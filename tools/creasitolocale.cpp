@@ -1,7 +1,9 @@
-// Builds the folder of the local update site that tools/sitolocale serves: the archive page, the
-// league tables, the coupons and picchetti, the quotas, the version pages, the team lists and the
-// messages, all from a data folder (and, when given, from real results for the league tables).
-// Run by hand; everything but the archive, the team lists and the real tables is test data.
+// Builds the folder of the update site: the archive page, the league tables, the coupons and
+// picchetti, the quotas, the version pages, the team lists and the messages, all from a data
+// folder (and, when given, from real results for the league tables), with a root page and an
+// index of the pages. Plain static files: the build makes the site installed with the program
+// from the delivered data, tools/sitolocale serves a folder on loopback, any web host serves it
+// on the Internet. Everything but the archive, the team lists and the real tables is test data.
 // The coupons, picchetti and quotas of the delivered data folder are these pages as they stand
 // (vespara/<Nome>.html copied to dati/<Nome>.txt), so that a fresh install shows the same week
 // as the site.
@@ -106,6 +108,13 @@ public:
         }
     }
     int numero() const { return int(m_pagine.size()); }
+    // The pages made so far, with what each holds.
+    QList<std::pair<QString, QString>> elenco() const {
+        QList<std::pair<QString, QString>> voci;
+        for (const Pagina &p : m_pagine)
+            voci.append({p.percorso, p.descrizione});
+        return voci;
+    }
 
 private:
     struct Pagina {
@@ -453,6 +462,35 @@ QString noteVersione() {
     return paginaHtml(u"Le novità di Vespara %1"_s.arg(Versione), elenco);
 }
 
+// The root page, which a web host serves for the site's address and the program's probe asks
+// for, and the index of every page of the site, which the program's settings window counts.
+// Links are relative, so the folder reads the same from a web host and from the disk.
+void scriviIndici(Sito &sito) {
+    QString voci;
+    const auto pagine = sito.elenco();
+    for (const auto &[percorso, descrizione] : pagine) {
+        const QString link =
+            percorso.startsWith(u"vespara/"_s) ? percorso.mid(8) : u"../"_s + percorso;
+        voci += u"<li><a href=\"%1\">%2</a>: %3</li>\r\n"_s.arg(link, percorso.toHtmlEscaped(),
+                                                                descrizione.toHtmlEscaped());
+    }
+    sito.testo(
+        u"vespara/index.html"_s,
+        paginaHtml(u"Vespara - indice delle pagine del sito"_s,
+                   u"<p>Le %1 pagine da cui Vespara si aggiorna.</p>\r\n<ul>\r\n%2</ul>\r\n"_s
+                       .arg(pagine.size())
+                       .arg(voci)),
+        u"indice di %1 pagine"_s.arg(pagine.size()));
+    sito.testo(u"index.html"_s,
+               paginaHtml(u"Vespara - sito degli aggiornamenti"_s,
+                          u"<p>Benvenuti nel sito degli aggiornamenti di Vespara. "
+                          u"Qui il programma trova archivio, classifiche, schedine, "
+                          u"picchetti e quote; schedine, picchetti e quote sono dati di "
+                          u"prova.</p>\r\n<p><a href=\"vespara/index.html\">Indice delle "
+                          u"pagine</a></p>\r\n"_s),
+               u"pagina di benvenuto"_s);
+}
+
 // --- The whole site --------------------------------------------------------------------------
 
 void creaSito(const QString &dati, const QString &cartellaSito, const QString &risultati) {
@@ -569,14 +607,8 @@ void creaSito(const QString &dati, const QString &cartellaSito, const QString &r
                    descrizione);
     }
 
-    sito.testo(u"vespara/index.html"_s,
-               paginaHtml(u"Vespara - sito locale degli aggiornamenti"_s,
-                          u"<p>Benvenuti nel sito locale degli aggiornamenti di Vespara. "
-                          u"Qui il programma trova archivio, classifiche, schedine, "
-                          u"picchetti e quote; schedine, picchetti e quote sono dati di "
-                          u"prova.</p>\r\n"_s),
-               u"pagina di benvenuto"_s);
     scriviComunicazioni(sito, archivio, stagione);
+    scriviIndici(sito);
     if (!QDir().mkpath(cartellaSito))
         throw ErroreEsecuzione(
             u"Impossibile creare la cartella del sito %1."_s.arg(nativo(cartellaSito)));

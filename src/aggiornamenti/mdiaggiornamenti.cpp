@@ -3,6 +3,7 @@
 #include "aggiornamenti/frmaggiornamenti.h"
 #include "aggiornamenti/frmaltrigiochi.h"
 #include "aggiornamenti/frmcomm.h"
+#include "aggiornamenti/frmimpostazioni.h"
 #include "aggiornamenti/frminviamessaggio.h"
 #include "aggiornamenti/frmrelease.h"
 #include "aggiornamenti/messaggi.h"
@@ -175,6 +176,9 @@ void MdiAggiornamenti::registra(RegistroSchermi &pannello) {
     });
     pannello.registraSchermo(u"frmAltriGiochi"_s, [](StatoProgramma &stato, RegistroSchermi &) {
         return new FrmAltriGiochi(stato);
+    });
+    pannello.registraSchermo(u"frmImpostazioni"_s, [](StatoProgramma &stato, RegistroSchermi &) {
+        return new FrmImpostazioni(stato);
     });
 
     pannello.registraAzione(u"mnuAggiornamenti"_s, [&pannello] { verificaDaMenu(pannello); });

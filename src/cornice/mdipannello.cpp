@@ -133,6 +133,8 @@ constexpr VoceMenu Menu[] = {
     {"mnuGuida", "&Guida in linea", "mnuInfo", Tipo::Voce, ""},
     {"mnuNovita", "Le &Novità di questa Versione", "mnuInfo", Tipo::Voce, "frmRelease"},
     {"mnuLotto", "&Altri Giochi", "mnuInfo", Tipo::Voce, ""},
+    {"", "", "mnuInfo", Tipo::Separatore, ""},
+    {"mnuImpostazioni", "I&mpostazioni…", "mnuInfo", Tipo::Voce, "frmImpostazioni"},
     {"mnuEsci", "&Esci", "", Tipo::Voce, ""},
 };
 
@@ -411,6 +413,8 @@ void MdiPannello::creaMenu() {
     m_voci.value(u"mnuGuida"_s)->setShortcut(QKeySequence::HelpContents);
     m_voci.value(u"mnuEsci"_s)->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     m_voci.value(u"mnuEsci"_s)->setShortcutContext(Qt::ApplicationShortcut);
+    // Ctrl+, opens the settings, as in most desktop programs.
+    m_voci.value(u"mnuImpostazioni"_s)->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
     registraAzione(u"mnuInformazioni"_s, [this] {
         m_stato.dialoghi().informazione(u"Informazioni su Vespara"_s, testoInformazioni());
     });

@@ -2,9 +2,13 @@
 
 #include "piattaforma/impostazioni.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QEventLoop>
+#include <QFileInfo>
 #include <QNetworkReply>
 #include <QNetworkRequest>
+#include <QStandardPaths>
 #include <QTimer>
 
 #include <utility>
@@ -14,8 +18,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // An answer with a status is an exchange that completed, an HTTP error page included; a broken
-// transfer or a protocol failure is not.
+// transfer or a protocol failure is not. A file on disk has no status: it is there and read
+// whole, or it is a page that did not come.
 bool scambioCompleto(const QNetworkReply &reply) {
+    if (reply.url().isLocalFile())
+        return reply.error() == QNetworkReply::NoError;
     if (!reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid())
         return false;
     const int errore = reply.error();
@@ -134,14 +141,62 @@ Rete::Operazione::~Operazione() {
     --m_rete.m_operazioni;
 }
 
-QString Rete::radicePredefinita(const Impostazioni &impostazioni) {
+QString Rete::radicePredefinita(const Impostazioni &impostazioni, const QStringList &cartelle) {
     const QString variabile = qEnvironmentVariable("VESPARA_SITO");
     if (!variabile.isEmpty())
         return variabile;
     const QString memorizzata = impostazioni.valore(Impostazioni::RadiceSito).toString();
     if (!memorizzata.isEmpty())
         return memorizzata;
+    return radiceInstallata(cartelle);
+}
+
+QString Rete::radiceInstallata(const QStringList &cartelle) {
+    // A folder is a site when it has its root page: an empty or half-made folder is passed over.
+    for (const QString &cartella : cartelle)
+        if (QFileInfo(QDir(cartella).filePath(QString::fromUtf16(PaginaCartella))).isFile())
+            return QUrl::fromLocalFile(QDir(cartella).absolutePath()).toString();
+    // Nothing installed (a build without its site): the tools' local site, if one is running.
     return u"http://127.0.0.1:%1"_s.arg(PortaSitoLocale);
+}
+
+QStringList Rete::cartelleSitoInstallato() {
+    const QString sito = QString::fromUtf16(CartellaSito);
+    QStringList cartelle;
+    if (QCoreApplication::instance()) {
+        const QString bin = QCoreApplication::applicationDirPath();
+        cartelle << QDir::cleanPath(bin + u"/../share/"_s + sito)
+                 << QDir::cleanPath(bin + u"/share/"_s + sito);
+    }
+    const QStringList dati = QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
+    for (const QString &cartella : dati)
+        cartelle << QDir::cleanPath(cartella + u'/' + sito);
+    cartelle.removeDuplicates();
+    return cartelle;
+}
+
+QString Rete::erroreRadice(const QString &radice) {
+    const QUrl indirizzo(radice);
+    const QString schema = indirizzo.scheme().toLower();
+    if (radice.isEmpty() || !indirizzo.isValid())
+        return u"L'indirizzo \"%1\" non è scritto correttamente. Esempi di indirizzi validi: "
+               u"https://www.esempio.it/vespara oppure file:///usr/share/vespara/sito"_s.arg(
+                   radice);
+    if (schema != u"http"_s && schema != u"https"_s && schema != u"file"_s)
+        return u"L'indirizzo \"%1\" non comincia con http://, https:// o file://: il sito degli "
+               u"aggiornamenti si raggiunge solo così."_s.arg(radice);
+    if (indirizzo.hasQuery() || indirizzo.hasFragment())
+        return u"L'indirizzo \"%1\" non può contenere \"?\" o \"#\": indica solo dove si "
+               u"trova il sito."_s.arg(radice);
+    if (schema == u"file"_s) {
+        if (!indirizzo.host().isEmpty() || !QDir::isAbsolutePath(indirizzo.toLocalFile()))
+            return u"L'indirizzo \"%1\" non indica una cartella di questo computer (per "
+                   u"esempio file:///usr/share/vespara/sito)."_s.arg(radice);
+    } else if (indirizzo.host().isEmpty()) {
+        return u"Nell'indirizzo \"%1\" manca il nome del sito (per esempio "
+               u"https://www.esempio.it)."_s.arg(radice);
+    }
+    return {};
 }
 
 Rete::Rete(QString radice)
@@ -166,7 +221,11 @@ QUrl Rete::url(const QString &percorso) const {
     QString base = m_radice;
     while (base.endsWith(u'/'))
         base.chop(1);
-    return QUrl(base + (percorso.startsWith(u'/') ? percorso : u"/"_s + percorso));
+    QUrl indirizzo(base + (percorso.startsWith(u'/') ? percorso : u"/"_s + percorso));
+    // No listing of a folder on disk: its page, as a web host would serve.
+    if (indirizzo.isLocalFile() && indirizzo.path().endsWith(u'/'))
+        indirizzo.setPath(indirizzo.path() + QString::fromUtf16(PaginaCartella));
+    return indirizzo;
 }
 
 void Rete::annulla() {

@@ -27,6 +27,10 @@ public:
     static constexpr int LunghezzaPagina = 500000;
     // The port of the local update site of the project's tools.
     static constexpr quint16 PortaSitoLocale = 8641;
+    // The site installed with the program, under a data folder of the system ("share").
+    static constexpr const char16_t *CartellaSito = u"vespara/sito";
+    // The page a folder of the site answers with: what a web host serves for it.
+    static constexpr const char16_t *PaginaCartella = u"index.html";
 
     // How long a call may wait, in milliseconds.
     struct Tempi {
@@ -72,8 +76,20 @@ public:
         Rete &m_rete;
     };
 
-    // The root of the update site: $VESPARA_SITO, else the settings store, else the local site.
-    static QString radicePredefinita(const Impostazioni &impostazioni);
+    // The root of the update site: $VESPARA_SITO, else the settings store, else the first of
+    // `cartelle` that holds a site (as a file: address), else the local site of the tools on
+    // loopback.
+    static QString radicePredefinita(const Impostazioni &impostazioni,
+                                     const QStringList &cartelle = cartelleSitoInstallato());
+    // The root without the environment and the settings: what an empty setting goes back to.
+    static QString radiceInstallata(const QStringList &cartelle = cartelleSitoInstallato());
+    // Where the site installed with the program may be, in order: beside the executable
+    // (<bin>/../share/vespara/sito, or <bin>/share/vespara/sito in a build folder), then the
+    // system's data folders (XDG_DATA_HOME, XDG_DATA_DIRS).
+    static QStringList cartelleSitoInstallato();
+    // Empty when `radice` can be the root of the site (an absolute http:, https: or file:
+    // address), else why not, in Italian.
+    static QString erroreRadice(const QString &radice);
 
     explicit Rete(QString radice);
     ~Rete();
@@ -85,12 +101,14 @@ public:
     const Tempi &tempi() const { return m_tempi; }
     void setTempi(const Tempi &tempi) { m_tempi = tempi; }
     void setOsservatore(Osservatore *osservatore) { m_osservatore = osservatore; }
-    // The URL of a path under the root ("/vespara/Quote.html").
+    // The URL of a path under the root ("/vespara/Quote.html"). Under a file: root a folder
+    // stands for its page, as a web host serves it.
     QUrl url(const QString &percorso) const;
 
     // ScaricaPagina: the page's text (Latin-1) followed by blanks up to LunghezzaPagina
     // characters. A dead host, a refused connection, a time-out give blanks; an HTTP error page
-    // comes back as text like any page.
+    // comes back as text like any page. Under a file: root a file that is there is a whole page,
+    // a missing one a failed page.
     QString scaricaPagina(const QString &percorso) { return scarica(percorso).testo; }
     // The same, with whether the page came whole: the updates store only what did.
     Pagina scarica(const QString &percorso);
@@ -102,7 +120,7 @@ public:
     static QStringList righe(const QString &testo);
 
     // VerificaConnessione: true whenever an HTTP exchange with the root page completes, whatever
-    // its status.
+    // its status. A file: root answers when its page is there.
     bool verificaConnessione();
 
     // The probe and the download in the background, for a check of the program's own that the

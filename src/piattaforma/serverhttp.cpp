@@ -136,9 +136,11 @@ void ServerHttp::rispondi(QTcpSocket *socket, const Richiesta &richiesta) {
     if (const auto fissa = m_fisse.constFind(percorso); fissa != m_fisse.cend()) {
         stato = fissa->first;
         corpo = fissa->second;
-    } else if (percorso == u"/"_s || percorso.isEmpty()) {
+    } else if ((percorso == u"/"_s || percorso.isEmpty()) && trovaFile(u"index.html"_s).isEmpty()) {
         corpo = "<html><body>Vespara - sito locale degli aggiornamenti</body></html>";
-    } else if (const QString file = trovaFile(percorso); !file.isEmpty()) {
+    } else if (const QString file =
+                   trovaFile(percorso.endsWith(u'/') ? percorso + u"index.html"_s : percorso);
+               !file.isEmpty()) {
         QFile f(file);
         if (f.open(QIODevice::ReadOnly))
             corpo = f.readAll();

@@ -11,7 +11,8 @@ class QTcpSocket;
 
 // A small HTTP server on loopback that serves a folder: the local update site of the project's
 // tools, and the site the tests talk to. Paths are looked up without regard to case, since the
-// site's own paths mix "Vespara" and "vespara". The root answers with an index page.
+// site's own paths mix "Vespara" and "vespara". A folder answers with its index.html, as any web
+// host does; the root with a page of its own when it has none.
 class ServerHttp : public QObject {
     Q_OBJECT
 public:
