@@ -4,6 +4,7 @@
 #include "core/glossario.h"
 #include "core/mdistile.h"
 #include "core/statoprogramma.h"
+#include "cornice/frmguida.h"
 #include "cornice/mdiattesa.h"
 #include "cornice/mdiscorrimento.h"
 #include "piattaforma/dialoghi.h"
@@ -17,8 +18,6 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDialog>
-#include <QDir>
-#include <QFile>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -30,7 +29,6 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
-#include <QUrl>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -232,6 +230,8 @@ MdiPannello::MdiPannello(StatoProgramma &stato)
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](QWindow *finestra) {
         const bool daFuori = !m_programmaAttivo;
         m_programmaAttivo = finestra != nullptr;
+        if (finestra && finestra != windowHandle())
+            portaLaGuida(finestra);
         if (daFuori && finestra && finestra == windowHandle())
             emit attivata();
     });
@@ -409,6 +409,9 @@ void MdiPannello::creaMenu() {
     registraAzione(u"mnuGuida"_s, [this] { apriGuida(); });
     // The keys every desktop program has: F1 for the guide, Ctrl+Q to end.
     m_voci.value(u"mnuGuida"_s)->setShortcut(QKeySequence::HelpContents);
+    // F1 reaches the frame from every window of the program; a modal dialog blocks the frame, so
+    // each window of a screen carries the action too (see the focus window below).
+    m_voci.value(u"mnuGuida"_s)->setShortcutContext(Qt::ApplicationShortcut);
     m_voci.value(u"mnuEsci"_s)->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     m_voci.value(u"mnuEsci"_s)->setShortcutContext(Qt::ApplicationShortcut);
     registraAzione(u"mnuInformazioni"_s, [this] {
@@ -695,15 +698,45 @@ void MdiPannello::centraControllo(QWidget *controllo) {
 }
 
 void MdiPannello::apriGuida() {
-    const QString nome = u"Vespara.html"_s;
-    QString percorso = m_stato.percorsoFile(nome);
-    if (!QFile::exists(percorso))
-        QFile::copy(u":/dati/"_s + nome, percorso);
-    if (!QFile::exists(percorso) ||
-        !m_stato.dialoghi().apriConDesktop(QUrl::fromLocalFile(percorso)))
-        m_stato.dialoghi().avviso(
-            Dialoghi::titoloApplicazione(),
-            u"Impossibile aprire la guida in linea %1."_s.arg(QDir::toNativeSeparators(percorso)));
+    if (!m_guida) {
+        m_guida = std::make_unique<FrmGuida>(m_stato.dialoghi());
+        m_guida->setWindowIcon(windowIcon());
+    }
+    // Over an application-modal dialog the guide must be modal too, or it could not be read.
+    const QWidget *modale = QApplication::activeModalWidget();
+    m_guida->apri(paginaDellaGuida(), modale && modale != m_guida.get() &&
+                                          modale->windowModality() == Qt::ApplicationModal);
+}
+
+QString MdiPannello::paginaDellaGuida() const {
+    if (!m_guida)
+        return Guida::paginaCornice();
+    const Guida &guida = m_guida->guida();
+    QWidget *attiva = QApplication::activeWindow();
+    if (attiva == m_guida.get())
+        return u"guida.html"_s;
+    if (attiva && attiva != this) {
+        // A dialog screen, or a window opened by a screen (its box, its preview): the page of
+        // the nearest one the guide documents.
+        for (QWidget *w = attiva; w && w != this; w = w->parentWidget())
+            if (const QString pagina = guida.paginaDi(w->objectName()); !pagina.isEmpty())
+                return pagina;
+        return Guida::paginaCornice();
+    }
+    if (const QMdiSubWindow *s = m_area->currentSubWindow())
+        if (const QWidget *schermo = MdiScorrimento::schermoDi(s))
+            return guida.paginaDiSchermo(schermo->objectName());
+    return Guida::paginaCornice();
+}
+
+void MdiPannello::portaLaGuida(QWindow *finestra) {
+    // A window of the program's own (its screens are named "frm...") gets F1, also when modal.
+    const QList<QWidget *> finestre = QApplication::topLevelWidgets();
+    for (QWidget *w : finestre)
+        if (w->windowHandle() == finestra && w->objectName().startsWith(u"frm"_s)) {
+            w->addAction(m_voci.value(u"mnuGuida"_s));
+            return;
+        }
 }
 
 void MdiPannello::changeEvent(QEvent *e) {
@@ -755,6 +788,8 @@ void MdiPannello::closeEvent(QCloseEvent *e) {
     // still under way (an update waiting for the site) stops where it is and writes nothing more.
     m_stato.rete().chiudi();
     m_stato.dialoghi().silenzia();
+    if (m_guida)
+        m_guida->close();
     e->accept();
     emit chiusa();
 }
