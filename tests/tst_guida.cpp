@@ -18,6 +18,7 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
 
 #include <memory>
 
@@ -120,6 +121,8 @@ private slots:
     void f1NellaRiduzione();
     void cercaUnaParola();
     void collegamentoEIndietro();
+    void dimensioniDelloSchermo_data();
+    void dimensioniDelloSchermo();
 
 private:
     QTemporaryDir m_cartella;
@@ -512,6 +515,44 @@ void TstGuida::collegamentoEIndietro() {
     QTest::mouseClick(guida->findChild<QPushButton *>(u"cmdIndice"_s), Qt::LeftButton);
     QCOMPARE(guida->paginaCorrente(), u"index.html"_s);
     AmbienteProva::fotografa(guida, u"guida"_s);
+}
+
+void TstGuida::dimensioniDelloSchermo_data() {
+    QTest::addColumn<QSize>("dimensioni");
+    QTest::newRow("1024x768") << QSize(1024, 768);
+    QTest::newRow("1920x1080") << QSize(1920, 1080);
+}
+
+void TstGuida::dimensioniDelloSchermo() {
+    // The window fits a small desktop, and its index shows every title whole.
+    QFETCH(QSize, dimensioni);
+    MdiPannello &p = pannello();
+    QVERIFY(attiva(&p));
+    p.mostraSchermo(u"frmColonne9"_s);
+    FrmGuida *guida = premiF1(p.trovaSchermo(u"frmColonne9"_s));
+    QVERIFY(guida);
+    QVERIFY(guida->minimumSizeHint().width() <= 1024 && guida->minimumSizeHint().height() <= 700);
+    guida->resize(dimensioni.width(), dimensioni.height() - 60);
+    QCoreApplication::processEvents();
+    auto *indice = guida->findChild<QTreeWidget *>(u"lstIndice"_s);
+    for (QTreeWidgetItemIterator it(indice); *it; ++it) {
+        const QRect r = indice->visualItemRect(*it);
+        const int testo = QFontMetrics((*it)->font(0)).horizontalAdvance((*it)->text(0));
+        QVERIFY2(r.left() + testo <= indice->viewport()->width(), qPrintable((*it)->text(0)));
+    }
+    AmbienteProva::fotografa(guida,
+                             u"guida-%1x%2"_s.arg(dimensioni.width()).arg(dimensioni.height()));
+    auto *cerca = guida->findChild<QLineEdit *>(u"txtCerca"_s);
+    QTest::keyClicks(cerca, u"garanzia"_s);
+    QTest::keyClick(cerca, Qt::Key_Return);
+    AmbienteProva::fotografa(
+        guida, u"guida-cerca-%1x%2"_s.arg(dimensioni.width()).arg(dimensioni.height()));
+    // Down from the field goes to the pages found.
+    QVERIFY(attiva(guida));
+    cerca->setFocus();
+    QTest::keyClick(cerca, Qt::Key_Down);
+    QCOMPARE(QApplication::focusWidget(), indice);
+    cerca->clear();
 }
 
 QTEST_MAIN(TstGuida)

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -144,9 +145,27 @@ FrmGuida::FrmGuida(Dialoghi &dialoghi, QWidget *genitore)
     connect(m_lstIndice, &QTreeWidget::currentItemChanged, this,
             [this](QTreeWidgetItem *v) { sceltaVoce(v); });
 
+    // Down from the search field goes to the pages it found, as in a desktop's help.
+    m_txtCerca->installEventFilter(this);
+
     creaIndice();
     adattaDimensioni();
     mostraPagina(Guida::paginaIniziale());
+}
+
+bool FrmGuida::eventFilter(QObject *oggetto, QEvent *evento) {
+    if (oggetto == m_txtCerca && evento->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent *>(evento)->key() == Qt::Key_Down) {
+        m_lstIndice->setFocus(Qt::TabFocusReason);
+        if (!m_lstIndice->currentItem())
+            for (QTreeWidgetItemIterator it(m_lstIndice, QTreeWidgetItemIterator::Selectable); *it;
+                 ++it) {
+                m_lstIndice->setCurrentItem(*it);
+                break;
+            }
+        return true;
+    }
+    return QWidget::eventFilter(oggetto, evento);
 }
 
 void FrmGuida::adattaDimensioni() {

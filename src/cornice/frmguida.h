@@ -30,6 +30,9 @@ public:
     QString paginaCorrente() const;
     void mostraPagina(const QString &pagina);
 
+protected:
+    bool eventFilter(QObject *oggetto, QEvent *evento) override;
+
 private:
     void creaIndice();
     void mostraRisultati();
