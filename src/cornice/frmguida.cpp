@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QResizeEvent>
 #include <QScreen>
 #include <QSplitter>
 #include <QStyle>
@@ -30,6 +31,9 @@ constexpr int RuoloFile = Qt::UserRole;
 QUrl indirizzoDi(const QString &pagina) {
     return QUrl(u"qrc"_s + Guida::risorse() + u'/' + pagina);
 }
+
+// The longest line of the page, in characters.
+constexpr int LetterePerRiga = 130;
 
 // The size the window opens at, when the desktop has room for it.
 constexpr QSize DimensioniPreferite(1000, 720);
@@ -57,7 +61,6 @@ FrmGuida::FrmGuida(Dialoghi &dialoghi, QWidget *genitore)
     m_cmdAvanti->setShortcut(QKeySequence(Qt::ALT | Qt::Key_Right));
     m_cmdAvanti->setToolTip(u"La pagina seguente (Alt+Destra)"_s);
     m_cmdIndice->setObjectName(u"cmdIndice"_s);
-    m_cmdIndice->setIcon(style()->standardIcon(QStyle::SP_DirHomeIcon));
     m_cmdIndice->setShortcut(QKeySequence(Qt::ALT | Qt::Key_Home));
     m_cmdIndice->setToolTip(u"La prima pagina della guida (Alt+Home)"_s);
     for (QPushButton *p : {m_cmdIndietro, m_cmdAvanti, m_cmdIndice})
@@ -147,6 +150,9 @@ FrmGuida::FrmGuida(Dialoghi &dialoghi, QWidget *genitore)
 
     // Down from the search field goes to the pages it found, as in a desktop's help.
     m_txtCerca->installEventFilter(this);
+    // On a wide window the lines stop at a length that reads well.
+    m_txtPagina->setLineWrapMode(QTextEdit::FixedPixelWidth);
+    m_txtPagina->viewport()->installEventFilter(this);
 
     creaIndice();
     adattaDimensioni();
@@ -154,6 +160,11 @@ FrmGuida::FrmGuida(Dialoghi &dialoghi, QWidget *genitore)
 }
 
 bool FrmGuida::eventFilter(QObject *oggetto, QEvent *evento) {
+    if (oggetto == m_txtPagina->viewport() && evento->type() == QEvent::Resize) {
+        const int leggibile = m_txtPagina->fontMetrics().averageCharWidth() * LetterePerRiga;
+        m_txtPagina->setLineWrapColumnOrWidth(
+            std::min(static_cast<QResizeEvent *>(evento)->size().width(), leggibile));
+    }
     if (oggetto == m_txtCerca && evento->type() == QEvent::KeyPress &&
         static_cast<QKeyEvent *>(evento)->key() == Qt::Key_Down) {
         m_lstIndice->setFocus(Qt::TabFocusReason);
@@ -252,9 +263,10 @@ void FrmGuida::seguiCollegamento(const QUrl &indirizzo) {
                           u"Impossibile aprire %1."_s.arg(assoluto.toString()));
 }
 
-void FrmGuida::paginaCambiata() {
-    // The index follows the page, whichever way it was reached (a link, Back, F1).
-    const QString corrente = paginaCorrente();
+void FrmGuida::paginaCambiata(const QUrl &indirizzo) {
+    // The index follows the page, whichever way it was reached (a link, Back, F1). The browser
+    // tells the new address before its history has it.
+    const QString corrente = indirizzo.fileName();
     const QTreeWidgetItem *scelta = m_lstIndice->currentItem();
     if (!scelta || scelta->data(0, RuoloFile).toString() != corrente) {
         const QSignalBlocker blocco(m_lstIndice);

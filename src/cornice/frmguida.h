@@ -38,7 +38,7 @@ private:
     void mostraRisultati();
     void sceltaVoce(QTreeWidgetItem *voce);
     void seguiCollegamento(const QUrl &indirizzo);
-    void paginaCambiata();
+    void paginaCambiata(const QUrl &indirizzo);
     void evidenzia();
     void adattaDimensioni();
 

@@ -230,10 +230,13 @@ MdiPannello::MdiPannello(StatoProgramma &stato)
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](QWindow *finestra) {
         const bool daFuori = !m_programmaAttivo;
         m_programmaAttivo = finestra != nullptr;
-        if (finestra && finestra != windowHandle())
-            portaLaGuida(finestra);
         if (daFuori && finestra && finestra == windowHandle())
             emit attivata();
+    });
+    // F1 must reach the frame from the windows of the screens too, also modal ones.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *ora) {
+        if (ora && ora->window() != this)
+            portaLaGuida(ora->window());
     });
 }
 
@@ -410,7 +413,7 @@ void MdiPannello::creaMenu() {
     // The keys every desktop program has: F1 for the guide, Ctrl+Q to end.
     m_voci.value(u"mnuGuida"_s)->setShortcut(QKeySequence::HelpContents);
     // F1 reaches the frame from every window of the program; a modal dialog blocks the frame, so
-    // each window of a screen carries the action too (see the focus window below).
+    // each window of a screen carries the action too (portaLaGuida).
     m_voci.value(u"mnuGuida"_s)->setShortcutContext(Qt::ApplicationShortcut);
     m_voci.value(u"mnuEsci"_s)->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     m_voci.value(u"mnuEsci"_s)->setShortcutContext(Qt::ApplicationShortcut);
@@ -717,11 +720,16 @@ QString MdiPannello::paginaDellaGuida() const {
         return u"guida.html"_s;
     if (attiva && attiva != this) {
         // A dialog screen, or a window opened by a screen (its box, its preview): the page of
-        // the nearest one the guide documents.
-        for (QWidget *w = attiva; w && w != this; w = w->parentWidget())
-            if (const QString pagina = guida.paginaDi(w->objectName()); !pagina.isEmpty())
+        // the nearest one the guide documents; a window of the frame's own goes by the screen
+        // in use in the area.
+        QWidget *w = attiva;
+        for (; w && w != this; w = w->parentWidget())
+            if (m_fabbriche.contains(w->objectName()))
+                return guida.paginaDiSchermo(w->objectName());
+            else if (const QString pagina = guida.paginaDi(w->objectName()); !pagina.isEmpty())
                 return pagina;
-        return Guida::paginaCornice();
+        if (!w)
+            return Guida::paginaCornice();
     }
     if (const QMdiSubWindow *s = m_area->currentSubWindow())
         if (const QWidget *schermo = MdiScorrimento::schermoDi(s))
@@ -729,14 +737,11 @@ QString MdiPannello::paginaDellaGuida() const {
     return Guida::paginaCornice();
 }
 
-void MdiPannello::portaLaGuida(QWindow *finestra) {
-    // A window of the program's own (its screens are named "frm...") gets F1, also when modal.
-    const QList<QWidget *> finestre = QApplication::topLevelWidgets();
-    for (QWidget *w : finestre)
-        if (w->windowHandle() == finestra && w->objectName().startsWith(u"frm"_s)) {
-            w->addAction(m_voci.value(u"mnuGuida"_s));
-            return;
-        }
+void MdiPannello::portaLaGuida(QWidget *finestra) {
+    // A window of the program's own (its screens are named "frm...") carries the action of F1:
+    // a modal one blocks the frame, and the frame's action with it.
+    if (finestra->objectName().startsWith(u"frm"_s))
+        finestra->addAction(m_voci.value(u"mnuGuida"_s));
 }
 
 void MdiPannello::changeEvent(QEvent *e) {

@@ -17,7 +17,6 @@ class QMdiArea;
 class QMdiSubWindow;
 class QPushButton;
 class QTimer;
-class QWindow;
 class StatoProgramma;
 class FrmMenuGriglie;
 class MdiAttesa;
@@ -119,7 +118,7 @@ private:
     void passoIndicatore();
     void ricordaGeometria();
     // Gives F1 to a window of the program that is not the frame.
-    void portaLaGuida(QWindow *finestra);
+    void portaLaGuida(QWidget *finestra);
     // Every sub-window within the area: one larger than it is made as large as the area (its
     // screen then scrolls) and moved back inside.
     void entroLArea(QMdiSubWindow *s) const;
