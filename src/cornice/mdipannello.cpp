@@ -716,6 +716,9 @@ QString MdiPannello::paginaDellaGuida() const {
         return Guida::paginaCornice();
     const Guida &guida = m_guida->guida();
     QWidget *attiva = QApplication::activeWindow();
+    // A window just closed may still be named the active one.
+    if (attiva && !attiva->isVisible())
+        attiva = nullptr;
     if (attiva == m_guida.get())
         return u"guida.html"_s;
     if (attiva && attiva != this) {
