@@ -33,7 +33,7 @@ QUrl indirizzoDi(const QString &pagina) {
 }
 
 // The longest line of the page, in characters.
-constexpr int LetterePerRiga = 130;
+constexpr int LetterePerRiga = 160;
 
 // The size the window opens at, when the desktop has room for it.
 constexpr QSize DimensioniPreferite(1000, 720);
