@@ -28,9 +28,13 @@ set(attesi
     share/applications/${ID}.desktop
     share/metainfo/${ID}.metainfo.xml
     share/icons/hicolor/scalable/apps/${ID}.svg
-    share/doc/vespara/Vespara.html
     share/doc/vespara/NOTICE.md
     share/doc/vespara/copyright)
+# Every page of the guide.
+file(GLOB pagine RELATIVE ${SORGENTI}/docs ${SORGENTI}/docs/guida/*.html)
+foreach(pagina IN LISTS pagine)
+    list(APPEND attesi share/doc/vespara/${pagina})
+endforeach()
 foreach(lato IN LISTS LATI)
     list(APPEND attesi share/icons/hicolor/${lato}x${lato}/apps/${ID}.png)
 endforeach()

@@ -8,6 +8,7 @@
 #include "core/frmattendere.h"
 #include "core/mdistile.h"
 #include "core/statoprogramma.h"
+#include "cornice/frmguida.h"
 #include "cornice/mdiavvio.h"
 #include "cornice/mdipannello.h"
 #include "cornice/mdiprogramma.h"
@@ -406,11 +407,22 @@ void TstCornice::vociAbilitate() {
 void TstCornice::guidaECredits() {
     AmbienteProva a;
     QVERIFY(a.avvia());
+    // The guide opens in a window of its own, on the page of the screen in use: at the start,
+    // the signs panel.
     a.pannello().findChild<QAction *>(u"mnuGuida"_s)->trigger();
-    QCOMPARE(a.dialoghi.aperti.size(), 1);
-    QCOMPARE(a.dialoghi.aperti.first().toLocalFile(), a.file(u"Vespara.html"_s));
+    FrmGuida *guida = a.pannello().finestraGuida();
+    QVERIFY(guida);
+    QVERIFY(guida->isVisible());
+    QCOMPARE(guida->paginaCorrente(), u"pannellosegni.html"_s);
+    guida->close();
+    a.pannello().chiudiSchermi();
+    QCoreApplication::processEvents();
     a.pannello().findChild<QAction *>(u"TB(9)"_s)->trigger();
-    QCOMPARE(a.dialoghi.aperti.size(), 2);
+    QCOMPARE(a.pannello().finestraGuida(), guida);
+    QVERIFY(guida->isVisible());
+    QCOMPARE(guida->paginaCorrente(), u"cornice.html"_s);
+    QVERIFY(a.dialoghi.aperti.isEmpty());
+    guida->close();
 
     a.pannello().findChild<QAction *>(u"mnuInformazioni"_s)->trigger();
     QCOMPARE(a.dialoghi.boxes.size(), 1);
@@ -709,12 +721,14 @@ void TstCornice::tastiDellaGuidaEDellUscita() {
     QVERIFY(a.avvia());
     QSignalSpy chiusa(&a.pannello(), &MdiPannello::chiusa);
     QTest::keyClick(&a.pannello(), Qt::Key_F1);
-    QCOMPARE(a.dialoghi.aperti.size(), 1);
-    QVERIFY(a.dialoghi.aperti.first().toLocalFile().endsWith(u"Vespara.html"_s));
+    QVERIFY(a.pannello().finestraGuida());
+    QVERIFY(a.pannello().finestraGuida()->isVisible());
     QCOMPARE(chiusa.size(), 0);
     QTest::keyClick(&a.pannello(), Qt::Key_Q, Qt::ControlModifier);
     QCOMPARE(chiusa.size(), 1);
     QVERIFY(!a.pannello().isVisible());
+    // The guide goes with the program.
+    QVERIFY(!a.pannello().finestraGuida()->isVisible());
 }
 
 void TstCornice::geometriaRicordata() {

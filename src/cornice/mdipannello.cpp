@@ -4,6 +4,7 @@
 #include "core/glossario.h"
 #include "core/mdistile.h"
 #include "core/statoprogramma.h"
+#include "cornice/frmguida.h"
 #include "cornice/mdiattesa.h"
 #include "cornice/mdiscorrimento.h"
 #include "piattaforma/dialoghi.h"
@@ -17,8 +18,6 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDialog>
-#include <QDir>
-#include <QFile>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -30,7 +29,6 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
-#include <QUrl>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -237,6 +235,11 @@ MdiPannello::MdiPannello(StatoProgramma &stato)
         if (daFuori && finestra && finestra == windowHandle())
             emit attivata();
     });
+    // F1 must reach the frame from the windows of the screens too, also modal ones.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *ora) {
+        if (ora && ora->window() != this)
+            portaLaGuida(ora->window());
+    });
 }
 
 MdiPannello::~MdiPannello() {
@@ -411,6 +414,9 @@ void MdiPannello::creaMenu() {
     registraAzione(u"mnuGuida"_s, [this] { apriGuida(); });
     // The keys every desktop program has: F1 for the guide, Ctrl+Q to end.
     m_voci.value(u"mnuGuida"_s)->setShortcut(QKeySequence::HelpContents);
+    // F1 reaches the frame from every window of the program; a modal dialog blocks the frame, so
+    // each window of a screen carries the action too (portaLaGuida).
+    m_voci.value(u"mnuGuida"_s)->setShortcutContext(Qt::ApplicationShortcut);
     m_voci.value(u"mnuEsci"_s)->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     m_voci.value(u"mnuEsci"_s)->setShortcutContext(Qt::ApplicationShortcut);
     // Ctrl+, opens the settings, as in most desktop programs.
@@ -699,15 +705,50 @@ void MdiPannello::centraControllo(QWidget *controllo) {
 }
 
 void MdiPannello::apriGuida() {
-    const QString nome = u"Vespara.html"_s;
-    QString percorso = m_stato.percorsoFile(nome);
-    if (!QFile::exists(percorso))
-        QFile::copy(u":/dati/"_s + nome, percorso);
-    if (!QFile::exists(percorso) ||
-        !m_stato.dialoghi().apriConDesktop(QUrl::fromLocalFile(percorso)))
-        m_stato.dialoghi().avviso(
-            Dialoghi::titoloApplicazione(),
-            u"Impossibile aprire la guida in linea %1."_s.arg(QDir::toNativeSeparators(percorso)));
+    if (!m_guida) {
+        m_guida = std::make_unique<FrmGuida>(m_stato.dialoghi());
+        m_guida->setWindowIcon(windowIcon());
+    }
+    // Over an application-modal dialog the guide must be modal too, or it could not be read.
+    const QWidget *modale = QApplication::activeModalWidget();
+    m_guida->apri(paginaDellaGuida(), modale && modale != m_guida.get() &&
+                                          modale->windowModality() == Qt::ApplicationModal);
+}
+
+QString MdiPannello::paginaDellaGuida() const {
+    if (!m_guida)
+        return Guida::paginaCornice();
+    const Guida &guida = m_guida->guida();
+    QWidget *attiva = QApplication::activeWindow();
+    // A window just closed may still be named the active one.
+    if (attiva && !attiva->isVisible())
+        attiva = nullptr;
+    if (attiva == m_guida.get())
+        return u"guida.html"_s;
+    if (attiva && attiva != this) {
+        // A dialog screen, or a window opened by a screen (its box, its preview): the page of
+        // the nearest one the guide documents; a window of the frame's own goes by the screen
+        // in use in the area.
+        QWidget *w = attiva;
+        for (; w && w != this; w = w->parentWidget())
+            if (m_fabbriche.contains(w->objectName()))
+                return guida.paginaDiSchermo(w->objectName());
+            else if (const QString pagina = guida.paginaDi(w->objectName()); !pagina.isEmpty())
+                return pagina;
+        if (!w)
+            return Guida::paginaCornice();
+    }
+    if (const QMdiSubWindow *s = m_area->currentSubWindow())
+        if (const QWidget *schermo = MdiScorrimento::schermoDi(s))
+            return guida.paginaDiSchermo(schermo->objectName());
+    return Guida::paginaCornice();
+}
+
+void MdiPannello::portaLaGuida(QWidget *finestra) {
+    // A window of the program's own (its screens are named "frm...") carries the action of F1:
+    // a modal one blocks the frame, and the frame's action with it.
+    if (finestra->objectName().startsWith(u"frm"_s))
+        finestra->addAction(m_voci.value(u"mnuGuida"_s));
 }
 
 void MdiPannello::changeEvent(QEvent *e) {
@@ -759,6 +800,8 @@ void MdiPannello::closeEvent(QCloseEvent *e) {
     // still under way (an update waiting for the site) stops where it is and writes nothing more.
     m_stato.rete().chiudi();
     m_stato.dialoghi().silenzia();
+    if (m_guida)
+        m_guida->close();
     e->accept();
     emit chiusa();
 }

@@ -9,6 +9,7 @@
 #include <array>
 
 #include <functional>
+#include <memory>
 
 class QAction;
 class QLabel;
@@ -19,6 +20,7 @@ class QTimer;
 class StatoProgramma;
 class FrmMenuGriglie;
 class MdiAttesa;
+class FrmGuida;
 
 // The frame of the program: menu, toolbar, the dashboard of the last winning column and the area
 // of the screens, of which it is the registry.
@@ -61,8 +63,13 @@ public:
     void centraSchermo(QWidget *schermo) const;
     static void centraControllo(QWidget *controllo);
 
-    // Opens the guide with the desktop's program.
+    // F1: the guide's window on the page of the screen in use (the active dialog screen, else
+    // the active screen of the area, else the frame's page), raised if it was open already.
     void apriGuida();
+    // The guide's window; null until F1 opened it.
+    FrmGuida *finestraGuida() const { return m_guida.get(); }
+    // The page of the guide about the screen in use now.
+    QString paginaDellaGuida() const;
 
     // The text of "Informazioni su Vespara": version, Qt, licence, where the delivered data come
     // from.
@@ -110,6 +117,8 @@ private:
     void aggiornaAbilitazioni();
     void passoIndicatore();
     void ricordaGeometria();
+    // Gives F1 to a window of the program that is not the frame.
+    void portaLaGuida(QWidget *finestra);
     // Every sub-window within the area: one larger than it is made as large as the area (its
     // screen then scrolls) and moved back inside.
     void entroLArea(QMdiSubWindow *s) const;
@@ -135,4 +144,5 @@ private:
     QHash<QString, std::function<void()>> m_azioni;
     QHash<QString, QAction *> m_voci;
     QHash<QString, QString> m_schermoDiVoce;
+    std::unique_ptr<FrmGuida> m_guida;
 };
