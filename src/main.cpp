@@ -39,7 +39,6 @@ int main(int argc, char *argv[]) {
     Schermo schermo;
     MdiProgramma programma(CartellaDati::predefinita(), dialoghi, impostazioni, schermo);
     dialoghi.setGenitore(&programma.pannello());
-    programma.pannello().resize(1280, 800);
     // The frame's own tile gives way to the program's icon, which its screens then take.
     programma.pannello().setWindowIcon(QApplication::windowIcon());
     QObject::connect(&programma.pannello(), &MdiPannello::chiusa, &app, &QCoreApplication::quit,

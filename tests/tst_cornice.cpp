@@ -328,6 +328,10 @@ void TstCornice::didascalieDelMenu_data() {
     riga("mnuClassGrecia", "Grecia", "mnuClassifiche");
     riga("mnuClassBelgio", "Belgio", "mnuClassifiche");
     riga("mnuClassArgentinaAp", "Argentina Ap", "mnuClassifiche");
+    riga("mnuFinestre", "Finestre", "");
+    riga("mnuSovrapponi", "Sovrapponi", "mnuFinestre");
+    riga("mnuAffianca", "Affianca", "mnuFinestre");
+    riga("mnuChiudiTutte", "Chiudi tutte", "mnuFinestre");
     riga("mnuInfo", "Info", "");
     riga("mnuCredits", "Credits", "mnuInfo");
     riga("mnuInformazioni", "Informazioni su Vespara", "mnuInfo");
@@ -434,7 +438,7 @@ void TstCornice::guidaECredits() {
     a.dialoghi.svuota();
     a.pannello().findChild<QAction *>(u"mnuCredits"_s)->trigger();
     QCOMPARE(a.dialoghi.boxes.size(), 1);
-    QVERIFY(a.dialoghi.boxes.first().testo.contains(u"diritti"_s));
+    QVERIFY(a.dialoghi.boxes.first().testo.contains(u"GPL-3.0-or-later"_s));
 }
 
 void TstCornice::registroDegliSchermi() {

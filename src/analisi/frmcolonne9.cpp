@@ -114,6 +114,8 @@ FrmColonne9::FrmColonne9(StatoProgramma &stato, QWidget *genitore)
     m_cmdRipristina->setEnabled(false);
     abilitaFiltri(false);
     aggiornaTotale();
+    // Ctrl+Z takes back the last step, as "Annulla ultima modifica" and only when it can.
+    MdiTastiera::annulla(this, m_cmdPrec);
 }
 
 FrmColonne9::~FrmColonne9() = default;

@@ -3,7 +3,9 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QSet>
@@ -174,6 +176,25 @@ private:
     QList<QPointer<QPushButton>> m_segnati;
 };
 
+// A field claims Ctrl+Z for its own text even when it has nothing to undo, and the screen's key
+// would never be reached from it: with nothing typed to take back, the field lets it pass.
+class FiltroAnnulla : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject *oggetto, QEvent *e) override {
+        if (e->type() != QEvent::ShortcutOverride ||
+            !static_cast<QKeyEvent *>(e)->matches(QKeySequence::Undo))
+            return false;
+        const QLineEdit *campo = qobject_cast<QLineEdit *>(oggetto);
+        if (const auto *tendina = qobject_cast<QComboBox *>(oggetto))
+            campo = tendina->lineEdit();
+        // Not accepted: the key goes on to the shortcuts.
+        return campo && !campo->isReadOnly() && !campo->isUndoAvailable();
+    }
+};
+
 } // namespace
 
 void MdiTastiera::pulsantePredefinito(QWidget *ambito, QPushButton *pulsante) {
@@ -202,4 +223,20 @@ void MdiTastiera::stampa(QWidget *schermo, QAction *azione) {
     azione->setShortcut(tastoStampa());
     azione->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     schermo->addAction(azione);
+}
+
+QAction *MdiTastiera::annulla(QWidget *schermo, QAbstractButton *pulsante) {
+    auto *azione = new QAction(schermo);
+    azione->setObjectName(u"azioneAnnulla"_s);
+    azione->setShortcut(QKeySequence::Undo);
+    azione->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    // click() does nothing on a disabled button: the key is on when the button is.
+    QObject::connect(azione, &QAction::triggered, pulsante, [pulsante] { pulsante->click(); });
+    schermo->addAction(azione);
+    auto *filtro = new FiltroAnnulla(azione);
+    const QList<QWidget *> campi = schermo->findChildren<QWidget *>();
+    for (QWidget *w : campi)
+        if (qobject_cast<QLineEdit *>(w) || qobject_cast<QComboBox *>(w))
+            w->installEventFilter(filtro);
+    return azione;
 }

@@ -30,4 +30,9 @@ public:
     static QAction *stampa(QWidget *schermo, QAbstractButton *pulsante);
     // The same key for an action of the screen's own (the preview's "Stampa").
     static void stampa(QWidget *schermo, QAction *azione);
+
+    // Ctrl+Z with the focus on `schermo` or inside it clicks `pulsante`, the screen's command that
+    // takes back its last step. A field keeps the key while it has typing of its own to undo. The
+    // action is named "azioneAnnulla". Called once the screen's fields are built.
+    static QAction *annulla(QWidget *schermo, QAbstractButton *pulsante);
 };

@@ -6,11 +6,14 @@
 #include "core/statoprogramma.h"
 #include "cornice/frmguida.h"
 #include "cornice/mdiattesa.h"
+#include "cornice/mdifinestre.h"
 #include "cornice/mdiscorrimento.h"
+#include "cornice/suggerimentimenu.h"
 #include "piattaforma/dialoghi.h"
 #include "piattaforma/guardia.h"
 #include "piattaforma/impostazioni.h"
 #include "piattaforma/rete.h"
+#include "piattaforma/schermo.h"
 #include "stampa/frmmenugriglie.h"
 
 #include <QAction>
@@ -123,6 +126,11 @@ constexpr VoceMenu Menu[] = {
     {"mnuClassGrecia", "G&recia", "mnuClassifiche", Tipo::Voce, ""},
     {"mnuClassBelgio", "Be&lgio", "mnuClassifiche", Tipo::Voce, ""},
     {"mnuClassArgentinaAp", "Argen&tina Ap", "mnuClassifiche", Tipo::Voce, ""},
+    {"mnuFinestre", "Fi&nestre", "", Tipo::Sottomenu, ""},
+    {"mnuSovrapponi", "&Sovrapponi", "mnuFinestre", Tipo::Voce, ""},
+    {"mnuAffianca", "&Affianca", "mnuFinestre", Tipo::Voce, ""},
+    {"mnuChiudiTutte", "&Chiudi tutte", "mnuFinestre", Tipo::Voce, ""},
+    {"", "", "mnuFinestre", Tipo::Separatore, ""},
     {"mnuInfo", "&Info", "", Tipo::Sottomenu, ""},
     {"mnuCredits", "&Credits", "mnuInfo", Tipo::Voce, ""},
     {"mnuInformazioni", "&Informazioni su Vespara", "mnuInfo", Tipo::Voce, ""},
@@ -347,6 +355,8 @@ void MdiPannello::creaCruscotto() {
     m_area->setBackground(QColor(96, 108, 128));
     // A screen maximised once leaves the next one opening in its own window, with its frame.
     m_area->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+    // A screen closed gives the focus back to the one the user was in before it.
+    m_area->setActivationOrder(QMdiArea::ActivationHistoryOrder);
     m_area->viewport()->installEventFilter(this);
 
     colonna->addWidget(picUltima);
@@ -390,6 +400,7 @@ void MdiPannello::creaMenu() {
                                    : menuBar()->addMenu(testo(v.didascalia));
             m->setObjectName(nome);
             m->menuAction()->setObjectName(nome);
+            m->menuAction()->setStatusTip(SuggerimentiMenu::per(nome));
             sottomenu.insert(nome, m);
             continue;
         }
@@ -400,6 +411,7 @@ void MdiPannello::creaMenu() {
         }
         auto *a = new QAction(testo(v.didascalia), this);
         a->setObjectName(nome);
+        a->setStatusTip(SuggerimentiMenu::per(nome));
         if (contenitore)
             contenitore->addAction(a);
         else
@@ -424,11 +436,9 @@ void MdiPannello::creaMenu() {
     registraAzione(u"mnuInformazioni"_s, [this] {
         m_stato.dialoghi().informazione(u"Informazioni su Vespara"_s, testoInformazioni());
     });
-    registraAzione(u"mnuCredits"_s, [this] {
-        m_stato.dialoghi().informazione(
-            u"Credits"_s, u"Vespara! ® Versione %1 - Tutti i diritti riservati."_s.arg(
-                              QCoreApplication::applicationVersion()));
-    });
+    registraAzione(u"mnuCredits"_s,
+                   [this] { m_stato.dialoghi().informazione(u"Credits"_s, testoCredits()); });
+    m_finestre = new MdiFinestre(*this, sottomenu.value(u"mnuFinestre"_s));
 }
 
 void MdiPannello::creaBarra() {
@@ -513,13 +523,7 @@ QWidget *MdiPannello::trovaSchermo(const QString &nome) const {
 
 QWidget *MdiPannello::apriSchermo(const QString &nome) {
     if (QWidget *esistente = trovaSchermo(nome)) {
-        if (QMdiSubWindow *s = sottofinestra(nome)) {
-            s->show();
-            m_area->setActiveSubWindow(s);
-        } else {
-            esistente->raise();
-            esistente->activateWindow();
-        }
+        attivaSchermo(esistente);
         return esistente;
     }
     const Fabbrica fabbrica = m_fabbriche.value(nome);
@@ -532,6 +536,8 @@ QWidget *MdiPannello::apriSchermo(const QString &nome) {
     if (auto *dialogo = qobject_cast<QDialog *>(schermo)) {
         dialogo->setParent(this, dialogo->windowFlags() | Qt::Dialog);
         dialogo->setAttribute(Qt::WA_DeleteOnClose);
+        // The keys that move between the screens work in its window as in the frame.
+        m_finestre->aggiungiTasti(dialogo);
         dialogo->show();
         return dialogo;
     }
@@ -543,6 +549,7 @@ QWidget *MdiPannello::apriSchermo(const QString &nome) {
     // the one being destroyed, and a queued call to a deleted object is dropped.
     connect(schermo, &QObject::destroyed, s, &QMdiSubWindow::close, Qt::QueuedConnection);
     s->setWindowIcon(windowIcon());
+    m_finestre->prendiTasti(s);
     s->adjustSize();
     // Never larger than the area, and in its middle unless the screen keeps its own place.
     if (m_area->isVisible())
@@ -582,6 +589,41 @@ QList<QWidget *> MdiPannello::schermiAperti() const {
         if (d->isVisible() && d->testAttribute(Qt::WA_DeleteOnClose))
             schermi.append(d);
     return schermi;
+}
+
+QWidget *MdiPannello::schermoAttivo() const {
+    const QList<QWidget *> aperti = schermiAperti();
+    if (QWidget *finestra = QApplication::activeWindow();
+        finestra && finestra != this && aperti.contains(finestra))
+        return finestra;
+    // The area's current sub-window stays current while a box or another program has the focus.
+    return MdiScorrimento::schermoDi(m_area->currentSubWindow());
+}
+
+void MdiPannello::attivaSchermo(QWidget *schermo) {
+    if (auto *s = qobject_cast<QMdiSubWindow *>(MdiStile::finestraDi(schermo))) {
+        if (!isActiveWindow())
+            activateWindow();
+        if (s->isMinimized())
+            s->showNormal();
+        s->show();
+        m_area->setActiveSubWindow(s);
+        return;
+    }
+    schermo->show();
+    schermo->raise();
+    schermo->activateWindow();
+}
+
+QString MdiPannello::titoloSchermo(const QWidget *schermo) const {
+    const QString titolo = schermo->windowTitle().simplified();
+    if (!titolo.isEmpty())
+        return titolo;
+    // A screen without a title bar is named as the menu entry that opens it.
+    for (auto it = m_schermoDiVoce.cbegin(); it != m_schermoDiVoce.cend(); ++it)
+        if (it.value() == schermo->objectName() && it.key().startsWith(u"mnu"_s))
+            return m_voci.value(it.key())->iconText();
+    return schermo->objectName();
 }
 
 void MdiPannello::chiudiSchermi() {
@@ -757,25 +799,62 @@ void MdiPannello::changeEvent(QEvent *e) {
         ricordaGeometria();
 }
 
+QString MdiPannello::testoLicenza() {
+    return u"Vespara è software libero: si può ridistribuire e modificare secondo i termini della "
+           "GNU General Public License, versione 3 o successiva (GPL-3.0-or-later)."_s;
+}
+
+QString MdiPannello::testoCredits() {
+    return u"Vespara! ® Versione %1\n"
+           "Copyright © gli sviluppatori di Vespara.\n\n"_s.arg(
+               QCoreApplication::applicationVersion()) +
+           testoLicenza();
+}
+
 QString MdiPannello::testoInformazioni() {
     return u"Vespara! Versione %1\n"
-           "Qt %2 (compilato con Qt %3)\n\n"
-           "Vespara è software libero: si può ridistribuire e modificare secondo i termini della "
-           "GNU General Public License, versione 3 o successiva (GPL-3.0-or-later).\n\n"
-           "L'archivio consegnato con il programma è costruito dai risultati reali delle partite "
-           "di Serie A e Serie B, stagioni dal 2013-14 al 2025-26, tratti da una banca dati di "
-           "pubblico dominio (CC0). Non è l'archivio ufficiale dei concorsi del Totocalcio."_s.arg(
+           "Qt %2 (compilato con Qt %3)\n"
+           "Copyright © gli sviluppatori di Vespara.\n\n"_s.arg(
                QCoreApplication::applicationVersion(), QString::fromLatin1(qVersion()),
-               QStringLiteral(QT_VERSION_STR));
+               QStringLiteral(QT_VERSION_STR)) +
+           testoLicenza() +
+           u"\n\nL'archivio consegnato con il programma è costruito dai risultati reali delle "
+           u"partite "
+           "di Serie A e Serie B, stagioni dal 2013-14 al 2025-26, tratti da una banca dati di "
+           "pubblico dominio (CC0). Non è l'archivio ufficiale dei concorsi del Totocalcio."_s;
 }
 
 void MdiPannello::mostra() {
+    // Whatever the frame was left at, on another desktop maybe, it opens within this one.
+    const QRect area = m_stato.schermo().areaDisponibile(screen());
     const QByteArray geometria =
         m_stato.impostazioni().valore(Impostazioni::GeometriaCornice).toByteArray();
-    if (geometria.isEmpty() || !restoreGeometry(geometria))
-        showMaximized();
-    else
-        show();
+    if (!geometria.isEmpty() && restoreGeometry(geometria)) {
+        const bool ingrandita = isMaximized();
+        if (ingrandita)
+            setWindowState(windowState() & ~Qt::WindowMaximized);
+        setGeometry(entroLoSchermo(geometry(), area));
+        if (ingrandita)
+            showMaximized();
+        else
+            show();
+        return;
+    }
+    // The first time, maximised; made normal, it stands in the middle of the desktop.
+    QRect normale(QPoint(0, 0), DimensioniIniziali);
+    normale.moveCenter(area.center());
+    setGeometry(entroLoSchermo(normale, area));
+    showMaximized();
+}
+
+QRect MdiPannello::entroLoSchermo(QRect r, const QRect &area) {
+    // Room for the title bar and the borders that the window manager adds around the frame.
+    const QRect dentro = area.adjusted(BordoFinestra.left(), BordoFinestra.top(),
+                                       -BordoFinestra.right(), -BordoFinestra.bottom());
+    r.setSize(r.size().boundedTo(dentro.size()));
+    r.moveLeft(std::clamp(r.left(), dentro.left(), dentro.right() + 1 - r.width()));
+    r.moveTop(std::clamp(r.top(), dentro.top(), dentro.bottom() + 1 - r.height()));
+    return r;
 }
 
 void MdiPannello::ricordaGeometria() {

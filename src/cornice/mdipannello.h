@@ -4,7 +4,9 @@
 
 #include <QHash>
 #include <QMainWindow>
+#include <QMargins>
 #include <QPixmap>
+#include <QRect>
 
 #include <array>
 
@@ -21,6 +23,7 @@ class StatoProgramma;
 class FrmMenuGriglie;
 class MdiAttesa;
 class FrmGuida;
+class MdiFinestre;
 
 // The frame of the program: menu, toolbar, the dashboard of the last winning column and the area
 // of the screens, of which it is the registry.
@@ -45,6 +48,14 @@ public:
     bool avvisaSchermo(const QString &nome, const char *metodo) override;
     void chiudiSchermi() override;
     QList<QWidget *> schermiAperti() const;
+    // The screen the user works in: a dialog screen with the focus, else the area's current one;
+    // null when none is open.
+    QWidget *schermoAttivo() const;
+    // Brings an open screen to the front with the focus.
+    void attivaSchermo(QWidget *schermo);
+    // The name of an open screen in the list of the windows: its title, else the entry that
+    // opens it.
+    QString titoloSchermo(const QWidget *schermo) const;
 
     void registraAzione(const QString &nome, std::function<void()> azione) override;
     QAction *azione(const QString &nome) const;
@@ -74,9 +85,16 @@ public:
     // The text of "Informazioni su Vespara": version, Qt, licence, where the delivered data come
     // from.
     static QString testoInformazioni();
+    // The text of "Credits": version, copyright and licence.
+    static QString testoCredits();
 
-    // Shows the frame as the user left it at the last close; the first time, maximised.
+    // Shows the frame as the user left it at the last close; the first time, maximised. Never
+    // larger than the desktop's available area, nor partly off it.
     void mostra();
+    // The size of the frame made normal after its first start, on a desktop that has room.
+    static constexpr QSize DimensioniIniziali{1280, 800};
+    // A rectangle of the frame moved and made smaller until it lies within the area.
+    static QRect entroLoSchermo(QRect r, const QRect &area);
 
     // What the frame does while the program waits for the network.
     MdiAttesa *attesa() const { return m_attesa; }
@@ -107,7 +125,10 @@ private:
     static constexpr int SpazioCruscotto = 32;
     static constexpr int PuntiColonnaMassimi = 17;
     static constexpr int PuntiColonnaMinimi = 11;
+    // What the window manager's title bar and borders may take around the frame.
+    static constexpr QMargins BordoFinestra{4, 32, 4, 4};
 
+    static QString testoLicenza();
     void creaCruscotto();
     void adattaCruscotto();
     void creaBarraStato();
@@ -127,6 +148,7 @@ private:
     StatoProgramma &m_stato;
     FrmMenuGriglie *m_menuGriglie = nullptr;
     MdiAttesa *m_attesa = nullptr;
+    MdiFinestre *m_finestre = nullptr;
     QTimer *m_geometria = nullptr;
     QMdiArea *m_area = nullptr;
     QLabel *m_lblColonna = nullptr;

@@ -10,3 +10,13 @@ QSize Schermo::dimensioni() const {
         return schermo->size();
     return {1024, 768};
 }
+
+QRect Schermo::areaDisponibile(const QScreen *schermo) const {
+    if (m_fissa.isValid())
+        return {QPoint(0, 0), m_fissa};
+    if (!schermo)
+        schermo = QGuiApplication::primaryScreen();
+    if (schermo)
+        return schermo->availableGeometry();
+    return {0, 0, 1024, 768};
+}
