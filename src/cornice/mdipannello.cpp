@@ -523,6 +523,7 @@ QWidget *MdiPannello::apriSchermo(const QString &nome) {
         dialogo->setParent(this, dialogo->windowFlags() | Qt::Dialog);
         dialogo->setAttribute(Qt::WA_DeleteOnClose);
         dialogo->show();
+        MdiStile::primoFuoco(dialogo);
         return dialogo;
     }
     schermo->setAttribute(Qt::WA_DeleteOnClose);
@@ -541,6 +542,7 @@ QWidget *MdiPannello::apriSchermo(const QString &nome) {
         centraSchermo(schermo);
     s->show();
     m_area->setActiveSubWindow(s);
+    MdiStile::primoFuoco(schermo);
     return schermo;
 }
 
