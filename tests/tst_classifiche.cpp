@@ -341,19 +341,23 @@ void TstClassifiche::ordinataDallIntestazione() {
     QVERIFY(a.avvia());
     QTemporaryDir uscita;
     a.stato().FileStampaPdf = uscita.filePath(u"classifica.pdf"_s);
-    // Six teams in the table of a league of 18: the rest of the grid is empty.
+    // Six teams and four rows without one in the table of a league of ten; the rest of the
+    // grid is empty.
     const QStringList squadre{u"JUVENTUS"_s, u"ATALANTA"_s,      u"ROMA"_s,
                               u"BOLOGNA"_s,  u"HELLAS VERONA"_s, u"ÉLITE"_s};
-    FileCampionati::Classifica c = tabella(squadre);
+    FileCampionati::Classifica c = tabella(squadre + QStringList(4));
     const QStringList punti{u"80"_s, u"75"_s, u"81"_s, u"40"_s, u"75"_s, u"3"_s};
     for (int i = 0; i < squadre.size(); ++i)
         c.righe[i][2] = punti[i];
-    FileCampionati::scriviClassifica(a.cartella(), lega("C1A"), c);
-    a.stato().SquadraCasa = u"Roma"_s;
+    for (qsizetype i = squadre.size(); i < c.righe.size(); ++i)
+        for (int k = 2; k < FileCampionati::CampiRiga; ++k)
+            c.righe[i][k].clear();
+    FileCampionati::scriviClassifica(a.cartella(), lega("Austria"), c);
+    a.stato().SquadraCasa = u"ROMA"_s;
     a.stato().SquadraOspite = u"BOLOGNA"_s;
-    a.pannello().findChild<QAction *>(u"mnuSerieC1A"_s)->trigger();
+    a.pannello().findChild<QAction *>(u"mnuClassAustria"_s)->trigger();
     auto *s = qobject_cast<FrmClassifiche *>(a.pannello().trovaSchermo(u"frmClassifiche"_s));
-    QVERIFY(s);
+    QVERIFY2(s, qPrintable(a.dialoghi.testi().join(u'|')));
     auto *vista = controllo<VistaGriglia>(s, u"Griglia"_s);
     const Griglia &g = s->griglia();
     const auto colonna = [&g](int c) {
@@ -382,6 +386,7 @@ void TstClassifiche::ordinataDallIntestazione() {
     QCOMPARE(g.sfondo(1, 2), Griglia::daBGR(MostraClassifica::SfondoPunti));
     for (int r = squadre.size() + 1; r < g.righe(); ++r)
         QVERIFY(g.testo(r, 1).isEmpty());
+    QCOMPARE(g.testo(squadre.size() + 1, 0), u"7"_s); // the rows without a team, in their order
     StrumentiProva::clicIntestazione(vista, 1);
     QCOMPARE(colonna(1), (QStringList{u"ATALANTA"_s, u"BOLOGNA"_s, u"ÉLITE"_s, u"HELLAS VERONA"_s,
                                       u"JUVENTUS"_s, u"ROMA"_s}));
