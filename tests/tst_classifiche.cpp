@@ -21,9 +21,11 @@
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
+#include <QMdiArea>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -83,6 +85,8 @@ private slots:
     void fileMancante();
     void stampaInPdfEdEsportazione();
     void spostataERicordata();
+    void ordinataDallIntestazione();
+    void colonnaAllargata();
 };
 
 void TstClassifiche::segnata_data() {
@@ -330,6 +334,133 @@ void TstClassifiche::spostataERicordata() {
     QWidget *nuova = a.pannello().trovaSchermo(u"frmClassifiche"_s);
     QVERIFY(nuova && nuova != s);
     QCOMPARE(MdiStile::finestraDi(nuova)->pos(), prima + QPoint(-20, 15));
+}
+
+void TstClassifiche::ordinataDallIntestazione() {
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    QTemporaryDir uscita;
+    a.stato().FileStampaPdf = uscita.filePath(u"classifica.pdf"_s);
+    // Six teams and four rows without one in the table of a league of ten; the rest of the
+    // grid is empty.
+    const QStringList squadre{u"JUVENTUS"_s, u"ATALANTA"_s,      u"ROMA"_s,
+                              u"BOLOGNA"_s,  u"HELLAS VERONA"_s, u"ÉLITE"_s};
+    FileCampionati::Classifica c = tabella(squadre + QStringList(4));
+    const QStringList punti{u"80"_s, u"75"_s, u"81"_s, u"40"_s, u"75"_s, u"3"_s};
+    for (int i = 0; i < squadre.size(); ++i)
+        c.righe[i][2] = punti[i];
+    for (qsizetype i = squadre.size(); i < c.righe.size(); ++i)
+        for (int k = 2; k < FileCampionati::CampiRiga; ++k)
+            c.righe[i][k].clear();
+    FileCampionati::scriviClassifica(a.cartella(), lega("Austria"), c);
+    a.stato().SquadraCasa = u"ROMA"_s;
+    a.stato().SquadraOspite = u"BOLOGNA"_s;
+    a.pannello().findChild<QAction *>(u"mnuClassAustria"_s)->trigger();
+    auto *s = qobject_cast<FrmClassifiche *>(a.pannello().trovaSchermo(u"frmClassifiche"_s));
+    QVERIFY2(s, qPrintable(a.dialoghi.testi().join(u'|')));
+    auto *vista = controllo<VistaGriglia>(s, u"Griglia"_s);
+    const Griglia &g = s->griglia();
+    const auto colonna = [&g](int c) {
+        QStringList testi;
+        for (int r = 1; r < g.righe(); ++r)
+            if (!g.testo(r, 1).isEmpty())
+                testi.append(g.testo(r, c));
+        return testi;
+    };
+    const auto nomiSegnati = [&g] {
+        QStringList nomi;
+        for (const int r : segnate(g))
+            nomi.append(g.testo(r, 1));
+        return nomi;
+    };
+    QCOMPARE(colonna(1), squadre);
+    QCOMPARE(nomiSegnati(), (QStringList{u"ROMA"_s, u"BOLOGNA"_s}));
+
+    // By the team: names in order, accents beside their plain letters; descending first, as
+    // every sort of the program; the marks go with their teams, and the empty rows stay below.
+    StrumentiProva::clicIntestazione(vista, 1);
+    QCOMPARE(colonna(1), (QStringList{u"ROMA"_s, u"JUVENTUS"_s, u"HELLAS VERONA"_s, u"ÉLITE"_s,
+                                      u"BOLOGNA"_s, u"ATALANTA"_s}));
+    QCOMPARE(nomiSegnati(), (QStringList{u"ROMA"_s, u"BOLOGNA"_s}));
+    QCOMPARE(g.sfondo(1, 1), Griglia::daBGR(MostraClassifica::SfondoSquadra));
+    QCOMPARE(g.sfondo(1, 2), Griglia::daBGR(MostraClassifica::SfondoPunti));
+    for (int r = squadre.size() + 1; r < g.righe(); ++r)
+        QVERIFY(g.testo(r, 1).isEmpty());
+    QCOMPARE(g.testo(squadre.size() + 1, 0), u"7"_s); // the rows without a team, in their order
+    StrumentiProva::clicIntestazione(vista, 1);
+    QCOMPARE(colonna(1), (QStringList{u"ATALANTA"_s, u"BOLOGNA"_s, u"ÉLITE"_s, u"HELLAS VERONA"_s,
+                                      u"JUVENTUS"_s, u"ROMA"_s}));
+    QCOMPARE(vista->colonnaOrdine(), 1);
+    QCOMPARE(vista->versoOrdine(), Griglia::Verso::Crescente);
+    QCOMPARE(nomiSegnati(), (QStringList{u"BOLOGNA"_s, u"ROMA"_s}));
+
+    // By the points, as numbers: equal points keep the order they stood in.
+    StrumentiProva::clicIntestazione(vista, 2);
+    QCOMPARE(colonna(2), (QStringList{u"81"_s, u"80"_s, u"75"_s, u"75"_s, u"40"_s, u"3"_s}));
+    QCOMPARE(colonna(1), (QStringList{u"ROMA"_s, u"JUVENTUS"_s, u"ATALANTA"_s, u"HELLAS VERONA"_s,
+                                      u"BOLOGNA"_s, u"ÉLITE"_s}));
+
+    // The print takes the table as it stands now.
+    DispositivoRegistratore registratore;
+    MostraClassifica::stampa(registratore, g, u"Titolo"_s);
+    const QString stampato = registratore.testi().join(u'|');
+    QVERIFY(stampato.indexOf(u"ROMA"_s) < stampato.indexOf(u"JUVENTUS"_s));
+    QVERIFY(stampato.indexOf(u"JUVENTUS"_s) < stampato.indexOf(u"ATALANTA"_s));
+
+    // Back to the table of the file: the position, ascending.
+    StrumentiProva::clicIntestazione(vista, 0);
+    QCOMPARE(vista->versoOrdine(), Griglia::Verso::Crescente);
+    QCOMPARE(colonna(1), squadre);
+    QCOMPARE(nomiSegnati(), (QStringList{u"ROMA"_s, u"BOLOGNA"_s}));
+    QVERIFY(a.dialoghi.boxes.isEmpty());
+}
+
+void TstClassifiche::colonnaAllargata() {
+    // A long name becomes readable: the column of the teams widened by its edge, or fitted by a
+    // double click there; the groups above follow their columns, and the window takes the table.
+    AmbienteProva a(QSize(1024, 768));
+    QVERIFY(a.avvia());
+    const QString lunga = u"FC INTERNAZIONALE MILANO"_s;
+    QStringList squadre = nomi(20, u"SQUADRA"_s);
+    squadre[3] = lunga;
+    FileCampionati::scriviClassifica(a.cartella(), lega("A"), tabella(squadre));
+    a.stato().SquadraCasa = lunga;
+    a.pannello().findChild<QAction *>(u"mnuSerieA"_s)->trigger();
+    auto *s = qobject_cast<FrmClassifiche *>(a.pannello().trovaSchermo(u"frmClassifiche"_s));
+    QVERIFY(s);
+    QCoreApplication::processEvents();
+    auto *vista = controllo<VistaGriglia>(s, u"Griglia"_s);
+    auto *totali = controllo<QLabel>(s, u"lblGruppo(0)"_s);
+    QFont grassetto = vista->font();
+    grassetto.setBold(true);
+    const int testo = QFontMetrics(grassetto).horizontalAdvance(lunga);
+    QCOMPARE(vista->columnWidth(1), 120);
+    QVERIFY(vista->columnWidth(1) < testo);
+    const int larghezzaVista = vista->width();
+    const int xTotali = totali->mapTo(s, QPoint(0, 0)).x();
+    const int xTabella = vista->mapTo(s, QPoint(0, 0)).x();
+    QCOMPARE(xTotali - xTabella, vista->frameWidth() + vista->columnWidth(0) +
+                                     vista->columnWidth(1) + vista->columnWidth(2));
+
+    StrumentiProva::trascinaBordo(vista, 1, 60);
+    QCOMPARE(vista->columnWidth(1), 180);
+    QCOMPARE(s->griglia().larghezzaColonna(1), 1800); // the print keeps its widths
+    QTRY_COMPARE(vista->width(), larghezzaVista + 60);
+    QTRY_COMPARE(totali->mapTo(s, QPoint(0, 0)).x(), xTotali + 60);
+    QCOMPARE(controllo<QLabel>(s, u"lblGruppo(2)"_s)->width(),
+             6 * vista->columnWidth(15)); // the last group, six columns of their own width
+
+    StrumentiProva::doppioClicBordo(vista, 1);
+    QVERIFY2(vista->columnWidth(1) >= testo && vista->columnWidth(1) <= testo + 24,
+             qPrintable(u"%1 per %2"_s.arg(vista->columnWidth(1)).arg(testo)));
+    QCoreApplication::processEvents();
+    // The sub-window grew with the screen, within the area: nothing of the table scrolls away.
+    auto *scorrimento = qobject_cast<QScrollArea *>(s->parentWidget()->parentWidget());
+    QVERIFY(scorrimento);
+    QTRY_VERIFY(scorrimento->viewport()->width() >= s->width());
+    QWidget *finestra = MdiStile::finestraDi(s);
+    QVERIFY(a.pannello().area()->viewport()->rect().contains(finestra->geometry()));
+    AmbienteProva::fotografa(&a.pannello(), u"frmClassifiche-colonna-allargata"_s);
 }
 
 QTEST_MAIN(TstClassifiche)

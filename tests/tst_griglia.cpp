@@ -1,5 +1,6 @@
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/griglia.h"
+#include "piattaforma/ordinealternato.h"
 #include "piattaforma/vistagriglia.h"
 #include "supporto/strumentiprova.h"
 
@@ -80,6 +81,13 @@ private slots:
     void vistaClicSullIntestazione();
     void vistaIndicatoreDellOrdine();
     void vistaFrecciaNonTagliaLIntestazione();
+    void ordinaTesto_data();
+    void ordinaTesto();
+    void ordineAlternatoConColonneDiTesto();
+    void vistaColonnaAllargataDallUtente();
+    void vistaDoppioClicSulBordoAdatta();
+    void vistaAdattataCresceConLaColonna();
+    void vistaOrdinaConClicIntestazione();
 };
 
 void TestGriglia::valoreNumerico_data() {
@@ -868,6 +876,223 @@ void TestGriglia::vistaFrecciaNonTagliaLIntestazione() {
     QCOMPARE(con.copy(didascalia), senza.copy(didascalia));
     const QRect resto(finoAlTesto + 1, 0, larghezza - finoAlTesto - 1, senza.height());
     QVERIFY(con.copy(resto) != senza.copy(resto));
+}
+
+void TestGriglia::ordinaTesto_data() {
+    QTest::addColumn<QStringList>("valori");
+    QTest::addColumn<Griglia::Verso>("verso");
+    QTest::addColumn<QString>("ordine"); // labels of the rows, top to bottom
+
+    // Labels a, b, c, ... follow the input order.
+    const QStringList squadre{u"Udinese"_s, u"ac milan"_s, QString(), u"ATALANTA"_s,
+                              u" Inter"_s,  u"Ëmpoli"_s,   u"Bari"_s};
+    QTest::newRow("crescente, vuote in fondo")
+        << squadre << Griglia::Verso::Crescente << u"bdgfeac"_s;
+    QTest::newRow("decrescente, vuote in fondo")
+        << squadre << Griglia::Verso::Decrescente << u"aefgdbc"_s;
+    const QStringList pari{u"Roma"_s, u"roma"_s, u"Lazio"_s, u"ROMA"_s};
+    QTest::newRow("stabile, maiuscole a parte") << pari << Griglia::Verso::Crescente << u"cabd"_s;
+    QTest::newRow("segni") << QStringList{u"X1"_s, u"21"_s, u"1X"_s, u"12"_s}
+                           << Griglia::Verso::Crescente << u"dcba"_s;
+}
+
+void TestGriglia::ordinaTesto() {
+    QFETCH(QStringList, valori);
+    QFETCH(Griglia::Verso, verso);
+    QFETCH(QString, ordine);
+
+    Griglia g(valori.size() + 1, 3);
+    g.setRigheFisse(1);
+    g.setTesto(0, 0, u"Squadra"_s);
+    for (int i = 0; i < valori.size(); ++i) {
+        g.setTesto(i + 1, 0, valori[i]);
+        g.setTesto(i + 1, 1, QString(QChar(u'a' + i)));
+        g.setSfondo(i + 1, 2, QColor(10 * i, 0, 0));
+    }
+    g.ordinaTesto(0, verso);
+
+    QCOMPARE(g.testo(0, 0), u"Squadra"_s);
+    QString letto;
+    for (int r = 1; r < g.righe(); ++r) {
+        letto += g.testo(r, 1);
+        // The whole row moved, its format too.
+        const int nato = g.testo(r, 1).at(0).unicode() - u'a';
+        QCOMPARE(g.testo(r, 0), valori[nato]);
+        QCOMPARE(g.sfondo(r, 2), QColor(10 * nato, 0, 0));
+    }
+    QCOMPARE(letto, ordine);
+}
+
+void TestGriglia::ordineAlternatoConColonneDiTesto() {
+    // The numbers of the column of names are no key: "10 Club" sorts as a name.
+    Griglia g(4, 2);
+    g.setRigheFisse(1);
+    const QStringList nomi{u"Zeta"_s, u"10 Club"_s, u"alfa"_s};
+    const QStringList punti{u"5"_s, u"30"_s, u"12"_s};
+    for (int i = 0; i < 3; ++i) {
+        g.setTesto(i + 1, 0, nomi[i]);
+        g.setTesto(i + 1, 1, punti[i]);
+    }
+    OrdineAlternato ordine;
+    ordine.setColonneTesto({0});
+    ordine.ordina(g, 0); // descending first, as every sort of the program
+    QCOMPARE(colonna(g, 0), (QStringList{QString(), u"Zeta"_s, u"alfa"_s, u"10 Club"_s}));
+    ordine.ordina(g, 0);
+    QCOMPARE(colonna(g, 0), (QStringList{QString(), u"10 Club"_s, u"alfa"_s, u"Zeta"_s}));
+    ordine.ordina(g, 1);
+    QCOMPARE(colonna(g, 1), (QStringList{QString(), u"30"_s, u"12"_s, u"5"_s}));
+    QCOMPARE(ordine.ordine()->colonna, 1);
+    QCOMPARE(ordine.ordine()->verso, Griglia::Verso::Decrescente);
+}
+
+void TestGriglia::vistaColonnaAllargataDallUtente() {
+    Griglia g(6, 3);
+    g.setRigheFisse(1);
+    g.setLarghezzaColonna(1, 1200);
+    VistaGriglia vista;
+    vista.setGriglia(&g);
+    vista.resize(400, 200);
+    vista.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&vista));
+    QHeaderView *intestazione = vista.horizontalHeader();
+    QCOMPARE(intestazione->sectionResizeMode(1), QHeaderView::Interactive);
+    QCOMPARE(vista.columnWidth(1), 80);
+
+    // The edge of the header dragged: the column follows the hand, the grid keeps its width.
+    StrumentiProva::trascinaBordo(&vista, 1, 45);
+    QCOMPARE(vista.columnWidth(1), 125);
+    QCOMPARE(g.larghezzaColonna(1), 1200);
+    QCOMPARE(vista.columnWidth(0), 64);
+    StrumentiProva::trascinaBordo(&vista, 0, -20);
+    QCOMPARE(vista.columnWidth(0), 44);
+    QCOMPARE(vista.larghezzaColonne(), 44 + 125 + 64);
+
+    // A refill of the grid keeps what the user did; a width the grid sets anew holds.
+    {
+        const Griglia::Blocco blocco = g.inBlocco();
+        g.setTesto(2, 1, u"nuovo"_s);
+    }
+    QCOMPARE(vista.columnWidth(1), 125);
+    QCOMPARE(vista.columnWidth(0), 44);
+    g.setLarghezzaColonna(1, 1500);
+    QCOMPARE(vista.columnWidth(1), 100);
+    QCOMPARE(vista.columnWidth(0), 44);
+    g.setRighe(3);
+    QCOMPARE(vista.columnWidth(0), 44);
+    // Another shape, another grid: the grid's widths again.
+    g.setColonne(4);
+    QCOMPARE(vista.columnWidth(0), 64);
+    StrumentiProva::trascinaBordo(&vista, 0, 30);
+    QCOMPARE(vista.columnWidth(0), 94);
+    Griglia altra(3, 3);
+    altra.setRigheFisse(1);
+    vista.setGriglia(&altra);
+    QCOMPARE(vista.columnWidth(0), 64);
+}
+
+void TestGriglia::vistaDoppioClicSulBordoAdatta() {
+    Griglia g(5, 3);
+    g.setRigheFisse(1);
+    g.setLarghezzaColonna(1, 900);
+    g.setTesto(0, 1, u"Squadra"_s);
+    const QString lunga = u"FC INTERNAZIONALE MILANO"_s;
+    g.setTesto(1, 1, u"AS ROMA"_s);
+    g.setTesto(3, 1, lunga);
+    g.setTesto(4, 1, u"SSC NAPOLI"_s);
+    g.setGrassetto(3, 1, true);
+    VistaGriglia vista;
+    vista.setGriglia(&g);
+    vista.setIntestazioneCliccabile(true);
+    vista.resize(500, 200);
+    vista.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&vista));
+    QFont grassetto = vista.font();
+    grassetto.setBold(true);
+    const int testo = QFontMetrics(grassetto).horizontalAdvance(lunga);
+    QVERIFY(vista.columnWidth(1) < testo);
+
+    QSignalSpy clicIntestazione(&vista, &VistaGriglia::clicIntestazione);
+    StrumentiProva::doppioClicBordo(&vista, 1);
+    // As wide as its longest text, with the cell's margins and no more.
+    QVERIFY2(vista.columnWidth(1) >= testo && vista.columnWidth(1) <= testo + 24,
+             qPrintable(u"%1 per %2"_s.arg(vista.columnWidth(1)).arg(testo)));
+    QCOMPARE(clicIntestazione.count(), 0);
+    QCOMPARE(g.larghezzaColonna(1), 900);
+    // A column wider than its texts narrows to them.
+    g.setLarghezzaColonna(2, 3000);
+    g.setTesto(2, 2, u"12"_s);
+    StrumentiProva::doppioClicBordo(&vista, 2);
+    QVERIFY(vista.columnWidth(2) < 60);
+
+    // In the middle of the header a double click is clicks, as it always was.
+    const int larghezza = vista.columnWidth(1);
+    StrumentiProva::doppioClicIntestazione(&vista, 1);
+    QVERIFY(clicIntestazione.count() >= 1);
+    for (const QList<QVariant> &segnale : std::as_const(clicIntestazione))
+        QCOMPARE(segnale.at(0).toInt(), 1);
+    QCOMPARE(vista.columnWidth(1), larghezza);
+}
+
+void TestGriglia::vistaAdattataCresceConLaColonna() {
+    // A grid shown whole grows with a column the user widens, so that nothing falls out of
+    // sight; its height stays.
+    Griglia g(6, 4);
+    g.setRigheFisse(1);
+    VistaGriglia vista;
+    vista.setGriglia(&g);
+    vista.adattaA();
+    vista.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&vista));
+    const QSize prima = vista.size();
+    QCOMPARE(prima, vista.dimensioneEsatta());
+    StrumentiProva::trascinaBordo(&vista, 2, 50);
+    QCOMPARE(vista.size(), prima + QSize(50, 0));
+    StrumentiProva::trascinaBordo(&vista, 0, -30);
+    QCOMPARE(vista.size(), prima + QSize(20, 0));
+
+    // Fitted to the width of its columns, it follows them as well.
+    VistaGriglia larga;
+    larga.setGriglia(&g);
+    larga.adattaLarghezza();
+    larga.resize(larga.width(), 150);
+    larga.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&larga));
+    const int larghezza = larga.width();
+    QCOMPARE(larga.minimumWidth(), larghezza);
+    StrumentiProva::trascinaBordo(&larga, 3, 35);
+    QCOMPARE(larga.width(), larghezza + 35);
+    QCOMPARE(larga.maximumWidth(), larghezza + 35);
+}
+
+void TestGriglia::vistaOrdinaConClicIntestazione() {
+    Griglia g(5, 2);
+    g.setRigheFisse(1);
+    const QStringList punti{u"7"_s, u"21"_s, u"-"_s, u"9"_s};
+    for (int i = 0; i < 4; ++i) {
+        g.setTesto(i + 1, 0, punti[i]);
+        g.setTesto(i + 1, 1, QString(QChar(u'a' + i)));
+    }
+    VistaGriglia vista;
+    vista.setGriglia(&g);
+    OrdineAlternato ordine;
+    vista.ordinaConClicIntestazione(&ordine);
+    vista.resize(300, 200);
+    vista.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&vista));
+    QVERIFY(vista.intestazioneCliccabile());
+
+    StrumentiProva::clicIntestazione(&vista, 0);
+    QCOMPARE(colonna(g, 1), (QStringList{QString(), u"b"_s, u"d"_s, u"a"_s, u"c"_s}));
+    QCOMPARE(vista.colonnaOrdine(), 0);
+    QCOMPARE(vista.versoOrdine(), Griglia::Verso::Decrescente);
+    StrumentiProva::clicIntestazione(&vista, 0);
+    QCOMPARE(colonna(g, 1), (QStringList{QString(), u"a"_s, u"d"_s, u"b"_s, u"c"_s}));
+    QCOMPARE(vista.versoOrdine(), Griglia::Verso::Crescente);
+    // The cells keep their double click for the screen: no sort there.
+    QSignalSpy doppio(&vista, &VistaGriglia::doppioClic);
+    StrumentiProva::doppioClic(&vista, 2, 0);
+    QCOMPARE(doppio.count(), 1);
+    QCOMPARE(colonna(g, 1), (QStringList{QString(), u"a"_s, u"d"_s, u"b"_s, u"c"_s}));
 }
 
 QTEST_MAIN(TestGriglia)

@@ -26,6 +26,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -178,6 +179,7 @@ private slots:
     void archivioGriglia();
     void archivioCaricaDatabase();
     void archivioCreaHtm();
+    void archivioOrdinatoDallIntestazione();
 };
 
 void TstSchermiArchivio::colonnaValida_data() {
@@ -650,6 +652,74 @@ void TstSchermiArchivio::archivioGriglia() {
     for (int c = 0; c < 9; ++c)
         QCOMPARE(g.allineamento(5, c) == Griglia::Allineamento::CentroCentro, c >= 3 && c <= 5);
     AmbienteProva::fotografa(b.a.pannello().window(), u"archivio"_s);
+}
+
+void TstSchermiArchivio::archivioOrdinatoDallIntestazione() {
+    Banco b;
+    QVERIFY(b.avvia());
+    auto *frm = qobject_cast<FrmArchivio *>(b.apri(u"mnuArchivio"_s, u"frmArchivio"_s));
+    QVERIFY(frm);
+    auto *vista = b.w<VistaGriglia>(frm, u"Griglia"_s);
+    Griglia &g = *vista->griglia();
+    const auto righe = [&g] {
+        QList<QStringList> tutte;
+        for (int r = 1; r < g.righe(); ++r) {
+            QStringList riga;
+            for (int c = 0; c < g.colonne(); ++c)
+                riga.append(g.testo(r, c));
+            tutte.append(riga);
+        }
+        return tutte;
+    };
+    const QList<QStringList> archivio = righe();
+    QCOMPARE(archivio.size(), b.a.stato().NumeroColonne());
+    const auto stesseRighe = [&archivio](QList<QStringList> altre) {
+        QList<QStringList> ordinate = archivio;
+        std::sort(ordinate.begin(), ordinate.end());
+        std::sort(altre.begin(), altre.end());
+        return ordinate == altre;
+    };
+
+    // "1": the most 1s first, then the fewest; the rows whole, none lost.
+    StrumentiProva::clicIntestazione(vista, 3);
+    QList<QStringList> ora = righe();
+    QVERIFY(stesseRighe(ora));
+    QVERIFY(ora != archivio);
+    for (qsizetype i = 1; i < ora.size(); ++i)
+        QVERIFY(ora[i - 1][3].toInt() >= ora[i][3].toInt());
+    QCOMPARE(vista->colonnaOrdine(), 3);
+    QCOMPARE(vista->versoOrdine(), Griglia::Verso::Decrescente);
+    StrumentiProva::clicIntestazione(vista, 3);
+    ora = righe();
+    for (qsizetype i = 1; i < ora.size(); ++i)
+        QVERIFY(ora[i - 1][3].toInt() <= ora[i][3].toInt());
+    QCOMPARE(vista->versoOrdine(), Griglia::Verso::Crescente);
+
+    // The column of the signs, as text.
+    StrumentiProva::clicIntestazione(vista, 2);
+    ora = righe();
+    QVERIFY(stesseRighe(ora));
+    for (qsizetype i = 1; i < ora.size(); ++i)
+        QVERIFY(ora[i - 1][2] >= ora[i][2]); // signs and digits compare as plain characters
+
+    // The export takes the rows as they stand on the screen.
+    StrumentiProva::clicDestro(vista, 1, 1);
+    QCOMPARE(b.a.stato().GrigliaEsportazione().testo(1, 2), ora[0][2]);
+    QCOMPARE(b.a.stato().RigheEsportazione, archivio.size());
+    QMenu *menu = b.a.pannello().findChild<QMenu *>(u"frmMenuGriglie"_s);
+    QTRY_VERIFY(menu->isVisible());
+    menu->hide();
+
+    // Back: the year, then the contest, ascending, is the archive's own order.
+    StrumentiProva::clicIntestazione(vista, 1); // ascending by now
+    StrumentiProva::clicIntestazione(vista, 0); // descending
+    StrumentiProva::clicIntestazione(vista, 0); // ascending
+    QCOMPARE(vista->colonnaOrdine(), 0);
+    QCOMPARE(vista->versoOrdine(), Griglia::Verso::Crescente);
+    QCOMPARE(righe(), archivio);
+    // The archive itself never moved.
+    QCOMPARE(campi(b.a.stato().ColonneArchivio.riga(0)), archivio.first());
+    QVERIFY(b.a.dialoghi.boxes.isEmpty());
 }
 
 void TstSchermiArchivio::archivioCaricaDatabase() {

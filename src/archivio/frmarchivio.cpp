@@ -86,6 +86,9 @@ FrmArchivio::FrmArchivio(StatoProgramma &stato, QWidget *genitore)
     m_vista->setGriglia(m_griglia);
     m_vista->adattaLarghezza();
     m_vista->setMinimumHeight(420);
+    // The column of the 14 signs sorts as text; the others are numbers.
+    m_ordine.setColonneTesto({2});
+    m_vista->ordinaConClicIntestazione(&m_ordine);
 
     auto *label1 = new QLabel(u"Colonne vincenti"_s, this);
     label1->setObjectName(u"Label1"_s);

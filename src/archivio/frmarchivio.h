@@ -1,5 +1,7 @@
 #pragma once
 
+#include "piattaforma/ordinealternato.h"
+
 #include <QWidget>
 
 class Griglia;
@@ -8,6 +10,8 @@ class VistaGriglia;
 
 // The browser of the archive: one row a contest, from memory, oldest first. Two buttons are kept
 // for the maintenance of the archive: the reload of the table and the page in the site's form.
+// A click on a header sorts the rows by that column; the print keeps the archive's order, the
+// export takes the rows as they stand.
 class FrmArchivio : public QWidget {
     Q_OBJECT
 public:
@@ -28,4 +32,5 @@ private:
     StatoProgramma &m_stato;
     Griglia *m_griglia;
     VistaGriglia *m_vista = nullptr;
+    OrdineAlternato m_ordine;
 };

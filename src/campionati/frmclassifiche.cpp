@@ -26,27 +26,38 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // The groups over the columns of the table: a blank over the first three columns, then
-// "Totali", "In casa" and "Fuori casa" over their six columns each.
-QHBoxLayout *gruppi(QWidget *genitore, const Griglia &tabella, int bordo) {
+// "Totali", "In casa" and "Fuori casa" over their six columns each. They follow the widths the
+// user gives the columns.
+QHBoxLayout *gruppi(QWidget *genitore, VistaGriglia *vista) {
     auto *riga = new QHBoxLayout;
     riga->setSpacing(0);
-    int primi = bordo;
-    for (int c = 0; c < 3; ++c)
-        primi += Griglia::twipsInPixel(tabella.larghezzaColonna(c));
-    riga->addSpacing(primi);
+    riga->setContentsMargins(0, 0, 0, 0);
+    auto *vuoto = new QWidget(genitore);
+    riga->addWidget(vuoto);
+    QList<QLabel *> etichette;
     for (int k = 0; k < 3; ++k) {
-        int larghezza = 0;
-        for (int c = 3 + 6 * k; c < 9 + 6 * k; ++c)
-            larghezza += Griglia::twipsInPixel(tabella.larghezzaColonna(c));
         auto *l = new QLabel(MostraClassifica::gruppi().at(k), genitore);
         l->setObjectName(u"lblGruppo(%1)"_s.arg(k));
         l->setAlignment(Qt::AlignCenter);
-        l->setFixedWidth(larghezza);
         MdiStile::grassetto(l);
         l->setStyleSheet(u"background: #dde3ee; border: 1px solid #b8c2d4;"_s);
         riga->addWidget(l);
+        etichette.append(l);
     }
     riga->addStretch();
+    const auto larghezze = [vista, vuoto, etichette] {
+        const auto somma = [vista](int da, int a) {
+            int larghezza = 0;
+            for (int c = da; c < a; ++c)
+                larghezza += vista->columnWidth(c);
+            return larghezza;
+        };
+        vuoto->setFixedWidth(vista->frameWidth() + somma(0, 3));
+        for (int k = 0; k < 3; ++k)
+            etichette[k]->setFixedWidth(somma(3 + 6 * k, 9 + 6 * k));
+    };
+    larghezze();
+    QObject::connect(vista->horizontalHeader(), &QHeaderView::sectionResized, vuoto, larghezze);
     return riga;
 }
 
@@ -89,6 +100,10 @@ FrmClassifiche::FrmClassifiche(StatoProgramma &stato, QWidget *genitore)
     vista->setObjectName(u"Griglia"_s);
     vista->setGriglia(m_griglia);
     vista->adattaA();
+    // A click on a header sorts the table by that column; the marks go with their teams. The
+    // print and the export take the rows as they stand.
+    m_ordine.setColonneTesto({1});
+    vista->ordinaConClicIntestazione(&m_ordine);
     FrmMenuGriglie::esportaConTastoDestro(stato, vista, u"Classifica, alla data "_s);
 
     auto *imgStampa = new QPushButton(style()->standardIcon(QStyle::SP_FileDialogDetailedView),
@@ -108,7 +123,7 @@ FrmClassifiche::FrmClassifiche(StatoProgramma &stato, QWidget *genitore)
     layout->setContentsMargins(10, 6, 10, 10);
     layout->setSpacing(4);
     layout->addLayout(testa);
-    layout->addLayout(gruppi(this, *m_griglia, vista->frameWidth()));
+    layout->addLayout(gruppi(this, vista));
     layout->addWidget(vista, 0, Qt::AlignLeft);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 

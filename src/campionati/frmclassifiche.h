@@ -1,5 +1,7 @@
 #pragma once
 
+#include "piattaforma/ordinealternato.h"
+
 #include <QWidget>
 
 class Griglia;
@@ -7,7 +9,7 @@ class QLabel;
 class StatoProgramma;
 
 // The table of the league in LegaClassifica, with the two teams of SquadraCasa and SquadraOspite
-// marked: the table file shown as it stands.
+// marked: the table file shown as it stands, until the user sorts it by a click on a header.
 class FrmClassifiche : public QWidget {
     Q_OBJECT
 public:
@@ -26,4 +28,5 @@ private:
     Griglia *m_griglia;
     QLabel *m_lblConcorso;
     bool m_posizionata = false;
+    OrdineAlternato m_ordine;
 };

@@ -539,6 +539,7 @@ QWidget *MdiPannello::apriSchermo(const QString &nome) {
         // The keys that move between the screens work in its window as in the frame.
         m_finestre->aggiungiTasti(dialogo);
         dialogo->show();
+        MdiStile::primoFuoco(dialogo);
         return dialogo;
     }
     schermo->setAttribute(Qt::WA_DeleteOnClose);
@@ -558,6 +559,7 @@ QWidget *MdiPannello::apriSchermo(const QString &nome) {
         centraSchermo(schermo);
     s->show();
     m_area->setActiveSubWindow(s);
+    MdiStile::primoFuoco(schermo);
     return schermo;
 }
 

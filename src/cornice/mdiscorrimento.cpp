@@ -1,6 +1,7 @@
 #include "cornice/mdiscorrimento.h"
 
 #include <QCloseEvent>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScrollBar>
 
@@ -19,6 +20,31 @@ MdiScorrimento::MdiScorrimento(QWidget *schermo)
     schermo->installEventFilter(this);
     // The back colour of the screen fills what it leaves free in a larger window.
     setBackgroundRole(schermo->backgroundRole());
+    m_minimo = minimoSchermo();
+}
+
+QSize MdiScorrimento::minimoSchermo() const {
+    return m_schermo->minimumSizeHint().expandedTo(m_schermo->minimumSize());
+}
+
+void MdiScorrimento::seguiSchermo() {
+    if (!m_schermo)
+        return;
+    const QSize minimo = minimoSchermo();
+    const QSize crescita = (minimo - m_minimo).expandedTo(QSize(0, 0));
+    m_minimo = minimo;
+    auto *s = qobject_cast<QMdiSubWindow *>(parentWidget());
+    if (crescita == QSize(0, 0) || !s || !s->mdiArea() || s->isMaximized() || s->isMinimized())
+        return;
+    // Only what the screen no longer finds room for: a window the user made larger stays.
+    const QSize manca = (minimo - viewport()->size()).expandedTo(QSize(0, 0)).boundedTo(crescita);
+    if (manca == QSize(0, 0))
+        return;
+    const QRect area = s->mdiArea()->viewport()->rect();
+    QRect dove(s->pos(), (s->size() + manca).boundedTo(area.size()));
+    dove.moveRight(std::min(dove.right(), area.right()));
+    dove.moveBottom(std::min(dove.bottom(), area.bottom()));
+    s->setGeometry(dove);
 }
 
 QWidget *MdiScorrimento::schermoDi(const QMdiSubWindow *s) {
@@ -58,6 +84,9 @@ bool MdiScorrimento::eventFilter(QObject *oggetto, QEvent *e) {
             setWindowTitle(m_schermo->windowTitle());
         else if (e->type() == QEvent::WindowIconChange)
             setWindowIcon(m_schermo->windowIcon());
+        else if (e->type() == QEvent::LayoutRequest)
+            // After the screen's layout has taken the change in.
+            QMetaObject::invokeMethod(this, &MdiScorrimento::seguiSchermo, Qt::QueuedConnection);
     }
     return QScrollArea::eventFilter(oggetto, e);
 }

@@ -3,7 +3,9 @@
 #include "piattaforma/erroreesecuzione.h"
 
 #include <QBrush>
+#include <QCollator>
 #include <QFont>
+#include <QLocale>
 
 #include <algorithm>
 #include <charconv>
@@ -338,8 +340,38 @@ void Griglia::ordinaNumerico(int colonna, Verso verso) {
             return x && !y; // no number stands below every number
         return crescente ? *x < *y : *x > *y;
     });
+    riordina(ordine);
+}
+
+void Griglia::ordinaTesto(int colonna, Verso verso) {
+    controllaColonna(colonna);
+    const int primo = std::min(m_righeFisse, righe());
+    const int quante = righe() - primo;
+
+    QCollator collatore(QLocale(QLocale::Italian, QLocale::Italy));
+    collatore.setCaseSensitivity(Qt::CaseInsensitive);
+    std::vector<QString> chiavi(quante);
+    for (int i = 0; i < quante; ++i)
+        chiavi[i] = m_righe[primo + i].celle[colonna].trimmed();
+    std::vector<int> ordine(quante);
+    std::iota(ordine.begin(), ordine.end(), 0);
+    const bool crescente = verso == Verso::Crescente;
+    std::stable_sort(ordine.begin(), ordine.end(), [&](int a, int b) {
+        const QString &x = chiavi[a];
+        const QString &y = chiavi[b];
+        if (x.isEmpty() || y.isEmpty())
+            return !x.isEmpty() && y.isEmpty(); // empty cells stand below every name
+        const int confronto = collatore.compare(x, y);
+        return crescente ? confronto < 0 : confronto > 0;
+    });
+    riordina(ordine);
+}
+
+void Griglia::riordina(const std::vector<int> &ordine) {
     if (std::is_sorted(ordine.begin(), ordine.end()))
         return;
+    const int primo = std::min(m_righeFisse, righe());
+    const int quante = static_cast<int>(ordine.size());
 
     const bool segnala = !bloccata();
     if (segnala)

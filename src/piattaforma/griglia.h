@@ -76,6 +76,10 @@ public:
     // Sorts the non-fixed rows by the value of valoreNumerico() of the cells of `colonna`; cells
     // without a number stand below every number in both directions. Stable.
     void ordinaNumerico(int colonna, Verso verso);
+    // Sorts the non-fixed rows by the text of the cells of `colonna`, as names are listed in
+    // Italian: case aside, accented letters beside their plain ones. Empty cells stand below
+    // every text in both directions. Stable.
+    void ordinaTesto(int colonna, Verso verso);
     // The number a cell starts with, blanks trimmed: optional sign, digits, optional decimal
     // point ('.' or ',') with digits. "17)" reads 17, "3,5" reads 3.5, "-", "" and "abc" none.
     // No thousands separators.
@@ -167,6 +171,8 @@ private:
     // 1 + the index of the text in the table (added when new), 0 for an empty text.
     static quint16 voceTabella(QStringList &tabella, const QString &testo);
     Formato &formatoScrivibile(int r, int c);
+    // Puts the non-fixed rows in that order: ordine[i] is the body row that becomes row i.
+    void riordina(const std::vector<int> &ordine);
     void celleCambiate(int r1, int c1, int r2, int c2, const QList<int> &ruoli = {});
     void dimensioniModificate();
     void apriBlocco();

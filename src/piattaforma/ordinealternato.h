@@ -2,10 +2,13 @@
 
 #include "piattaforma/griglia.h"
 
+#include <QList>
+
 #include <optional>
 
 // The numeric sort of a grid by a column, descending the first time and then alternately, in
-// whatever column the user asks for next; and the order the rows stand in while it holds.
+// whatever column the user asks for next; and the order the rows stand in while it holds. The
+// columns of names, where a grid has them, sort by their text in the same alternation.
 class OrdineAlternato {
 public:
     struct Ordine {
@@ -16,6 +19,8 @@ public:
 
     // Sorts the grid's non-fixed rows by the column and turns the direction for the next sort.
     void ordina(Griglia &griglia, int colonna);
+    // The columns that hold names, not numbers: they sort by text (Griglia::ordinaTesto).
+    void setColonneTesto(const QList<int> &colonne) { m_colonneTesto = colonne; }
     // The toggle as the screens have always kept it: 1 sorts descending, 0 ascending.
     int verso() const { return m_verso; }
     // The direction back to descending, no order held.
@@ -28,4 +33,5 @@ public:
 private:
     int m_verso = 1;
     std::optional<Ordine> m_ordine;
+    QList<int> m_colonneTesto;
 };

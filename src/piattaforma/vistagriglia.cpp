@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QStyle>
 #include <QStyledItemDelegate>
 #include <QStyleOptionHeader>
@@ -132,7 +133,8 @@ VistaGriglia::VistaGriglia(QWidget *parent)
     QHeaderView *intestazione = horizontalHeader();
     intestazione->hide();
     intestazione->setMinimumSectionSize(0);
-    intestazione->setSectionResizeMode(QHeaderView::Fixed);
+    // The user may widen a column by its edge (a double click fits it to its texts).
+    intestazione->setSectionResizeMode(QHeaderView::Interactive);
     intestazione->setStretchLastSection(false);
     intestazione->setSectionsClickable(false);
     intestazione->setHighlightSections(false);
@@ -148,6 +150,8 @@ VistaGriglia::VistaGriglia(QWidget *parent)
         if (m_griglia && colonna >= 0 && colonna < m_griglia->colonne())
             emit clicIntestazione(colonna);
     });
+    connect(intestazione, &QHeaderView::sectionResized, this,
+            [this](int colonna, int, int larghezza) { colonnaRidimensionata(colonna, larghezza); });
 }
 
 VistaGriglia::~VistaGriglia() = default;
@@ -175,6 +179,7 @@ void VistaGriglia::setGriglia(Griglia *griglia) {
         ripristinaCella();
     };
     const auto ripristinaDopoColonne = [this] {
+        m_larghezzeUtente.clear(); // the columns are others now
         aggiornaLarghezze();
         ripristinaCella();
     };
@@ -194,6 +199,7 @@ void VistaGriglia::setGriglia(Griglia *griglia) {
         connect(griglia, &Griglia::columnsInserted, this, ripristinaDopoColonne),
     };
     m_rigaSalvata = m_colonnaSalvata = -1;
+    m_larghezzeUtente.clear();
     nascondiOrdine();
     dopoIlReset();
 }
@@ -224,8 +230,28 @@ void VistaGriglia::aggiornaIntestazione() {
 void VistaGriglia::aggiornaLarghezze() {
     if (!m_griglia)
         return;
-    for (int c = 0; c < m_griglia->colonne(); ++c)
-        setColumnWidth(c, Griglia::twipsInPixel(m_griglia->larghezzaColonna(c)));
+    const QScopedValueRollback impostando(m_impostaLarghezze, true);
+    for (int c = 0; c < m_griglia->colonne(); ++c) {
+        const int twips = m_griglia->larghezzaColonna(c);
+        const auto utente = m_larghezzeUtente.constFind(c);
+        if (utente != m_larghezzeUtente.cend() && utente->twipsGriglia == twips) {
+            setColumnWidth(c, utente->pixel);
+            continue;
+        }
+        // The screen gave the column a width of its own since: that one holds.
+        m_larghezzeUtente.remove(c);
+        setColumnWidth(c, Griglia::twipsInPixel(twips));
+    }
+}
+
+void VistaGriglia::colonnaRidimensionata(int colonna, int larghezza) {
+    if (m_impostaLarghezze || !m_griglia || colonna < 0 || colonna >= m_griglia->colonne())
+        return;
+    m_larghezzeUtente.insert(colonna, {m_griglia->larghezzaColonna(colonna), larghezza});
+    if (m_adattamento == Adattamento::Intera)
+        setFixedSize(dimensioneEsatta(m_righeAdattate));
+    else if (m_adattamento == Adattamento::Larghezza)
+        adattaLarghezza();
 }
 
 void VistaGriglia::aggiornaAltezze() {
@@ -253,15 +279,22 @@ bool VistaGriglia::intestazioneCliccabile() const {
 }
 
 void VistaGriglia::ordinaConDoppioClic(OrdineAlternato *ordine) {
+    ordinaConClicIntestazione(ordine);
+    connect(this, &VistaGriglia::doppioClic, this,
+            [this, ordine](int, int colonna) { ordinaPer(ordine, colonna); });
+}
+
+void VistaGriglia::ordinaConClicIntestazione(OrdineAlternato *ordine) {
     setIntestazioneCliccabile(true);
-    const auto ordina = [this, ordine](int colonna) {
-        if (!m_griglia || colonna < 0 || colonna >= m_griglia->colonne())
-            return;
-        ordine->ordina(*m_griglia, colonna);
-        mostraOrdine(colonna, ordine->ordine()->verso);
-    };
-    connect(this, &VistaGriglia::doppioClic, this, [ordina](int, int colonna) { ordina(colonna); });
-    connect(this, &VistaGriglia::clicIntestazione, this, ordina);
+    connect(this, &VistaGriglia::clicIntestazione, this,
+            [this, ordine](int colonna) { ordinaPer(ordine, colonna); });
+}
+
+void VistaGriglia::ordinaPer(OrdineAlternato *ordine, int colonna) {
+    if (!m_griglia || colonna < 0 || colonna >= m_griglia->colonne())
+        return;
+    ordine->ordina(*m_griglia, colonna);
+    mostraOrdine(colonna, ordine->ordine()->verso);
 }
 
 void VistaGriglia::mostraOrdine(int colonna, Griglia::Verso verso) {
@@ -442,7 +475,7 @@ int VistaGriglia::larghezzaColonne() const {
     int larghezza = 0;
     if (m_griglia)
         for (int c = 0; c < m_griglia->colonne(); ++c)
-            larghezza += Griglia::twipsInPixel(m_griglia->larghezzaColonna(c));
+            larghezza += columnWidth(c);
     return larghezza;
 }
 
@@ -461,12 +494,15 @@ QSize VistaGriglia::dimensioneEsatta(int righe) const {
 }
 
 void VistaGriglia::adattaA(int righe) {
+    m_adattamento = Adattamento::Intera;
+    m_righeAdattate = righe;
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFixedSize(dimensioneEsatta(righe));
 }
 
 void VistaGriglia::adattaLarghezza() {
+    m_adattamento = Adattamento::Larghezza;
     setFixedWidth(larghezzaColonne() + 2 * frameWidth() +
                   style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2);
 }

@@ -4,6 +4,7 @@
 
 class OrdineAlternato;
 
+#include <QHash>
 #include <QPersistentModelIndex>
 #include <QPointer>
 #include <QTableView>
@@ -18,6 +19,10 @@ class OrdineAlternato;
 //
 // A grid that sorts by its columns makes the frozen header clickable: a click on a column's header
 // is told by clicIntestazione, and the screen shows the order it holds with mostraOrdine.
+//
+// The user widens or narrows a column by dragging the edge of its header, and a double click on
+// the edge fits the column to its texts. The widths the grid states are the initial ones; the
+// user's stay across the grid's refills until the grid changes that column's width itself.
 class VistaGriglia : public QTableView {
     Q_OBJECT
 
@@ -34,12 +39,14 @@ public:
 
     // The width of all the grid's columns on screen, in pixels, without the frame.
     int larghezzaColonne() const;
-    // Fits the view to the width of its columns, with room for the vertical scroll bar.
+    // Fits the view to the width of its columns, with room for the vertical scroll bar; it
+    // follows the widths the user gives the columns.
     void adattaLarghezza();
     // The size that shows every column and the first `righe` rows under the frozen header (all
     // of them when negative), frame included and no scroll bar.
     QSize dimensioneEsatta(int righe = -1) const;
-    // The view fixed at that size, its scroll bars off: a grid that is shown whole.
+    // The view fixed at that size, its scroll bars off: a grid that is shown whole. A column the
+    // user widens makes it grow with the column.
     void adattaA(int righe = -1);
     void setCellaCorrente(int r, int c);
 
@@ -54,6 +61,8 @@ public:
     // The grid sorts itself by `ordine` on a double click on a cell and on a click on a header,
     // and shows the order it holds. The order must outlive the view.
     void ordinaConDoppioClic(OrdineAlternato *ordine);
+    // The same on a click on a header alone, for a grid whose cells keep their double click.
+    void ordinaConClicIntestazione(OrdineAlternato *ordine);
     // The column whose order is shown, -1 when none, and its direction.
     int colonnaOrdine() const;
     Griglia::Verso versoOrdine() const;
@@ -84,6 +93,8 @@ private:
     void dopoIlReset();
     void ripristinaCella();
     void applicaOrdine();
+    void colonnaRidimensionata(int colonna, int larghezza);
+    void ordinaPer(OrdineAlternato *ordine, int colonna);
 
     QPointer<Griglia> m_griglia;
     QList<QMetaObject::Connection> m_connessioni;
@@ -92,4 +103,15 @@ private:
     int m_colonnaSalvata = -1;
     int m_colonnaOrdine = -1; // the column whose order the header shows, -1: none
     Griglia::Verso m_versoOrdine = Griglia::Verso::Decrescente;
+    // A width the user gave a column, kept while the grid states the same width for it.
+    struct LarghezzaUtente {
+        int twipsGriglia;
+        int pixel;
+    };
+    QHash<int, LarghezzaUtente> m_larghezzeUtente;
+    bool m_impostaLarghezze = false;    // the view itself is setting the widths
+    // How the view is fitted to its columns, so that it follows a column the user resizes.
+    enum class Adattamento { Nessuno, Larghezza, Intera };
+    Adattamento m_adattamento = Adattamento::Nessuno;
+    int m_righeAdattate = -1; // adattaA's rows
 };

@@ -3,11 +3,14 @@
 #include "piattaforma/erroreesecuzione.h"
 #include "piattaforma/vistagriglia.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
+#include <QHeaderView>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QRadioButton>
 #include <QTest>
 
@@ -91,6 +94,66 @@ void clicDestro(VistaGriglia *vista, int riga, int colonna) {
 void doppioClic(VistaGriglia *vista, int riga, int colonna) {
     const QPoint punto = vista->visualRect(vista->model()->index(riga, colonna)).center();
     QTest::mouseDClick(vista->viewport(), Qt::LeftButton, {}, punto);
+}
+
+void clicIntestazione(VistaGriglia *vista, int colonna) {
+    QHeaderView *intestazione = vista->horizontalHeader();
+    const QPoint punto(intestazione->sectionViewportPosition(colonna) +
+                           intestazione->sectionSize(colonna) / 2,
+                       intestazione->height() / 2);
+    QTest::mouseClick(intestazione->viewport(), Qt::LeftButton, {}, punto);
+}
+
+namespace {
+
+// Just inside the right edge of the column's header, where the mouse takes the edge.
+QPoint bordo(QHeaderView *intestazione, int colonna) {
+    return {intestazione->sectionViewportPosition(colonna) + intestazione->sectionSize(colonna) - 1,
+            intestazione->height() / 2};
+}
+
+void invia(QWidget *w, QEvent::Type tipo, QPoint punto, Qt::MouseButton pulsante,
+           Qt::MouseButtons premuti) {
+    QMouseEvent evento(tipo, punto, w->mapToGlobal(punto), pulsante, premuti, Qt::NoModifier);
+    QApplication::sendEvent(w, &evento);
+}
+
+} // namespace
+
+void trascinaBordo(VistaGriglia *vista, int colonna, int dx) {
+    QHeaderView *intestazione = vista->horizontalHeader();
+    QWidget *w = intestazione->viewport();
+    const QPoint da = bordo(intestazione, colonna);
+    invia(w, QEvent::MouseButtonPress, da, Qt::LeftButton, Qt::LeftButton);
+    // In steps, as a hand moves.
+    for (int passo = 1; passo <= 4; ++passo)
+        invia(w, QEvent::MouseMove, da + QPoint(dx * passo / 4, 0), Qt::NoButton, Qt::LeftButton);
+    invia(w, QEvent::MouseButtonRelease, da + QPoint(dx, 0), Qt::LeftButton, Qt::NoButton);
+}
+
+namespace {
+
+// The events of a hand's double click: press, release, the second press as a double click,
+// release.
+void doppioClicIn(QWidget *w, QPoint punto) {
+    invia(w, QEvent::MouseButtonPress, punto, Qt::LeftButton, Qt::LeftButton);
+    invia(w, QEvent::MouseButtonRelease, punto, Qt::LeftButton, Qt::NoButton);
+    invia(w, QEvent::MouseButtonDblClick, punto, Qt::LeftButton, Qt::LeftButton);
+    invia(w, QEvent::MouseButtonRelease, punto, Qt::LeftButton, Qt::NoButton);
+}
+
+} // namespace
+
+void doppioClicBordo(VistaGriglia *vista, int colonna) {
+    QHeaderView *intestazione = vista->horizontalHeader();
+    doppioClicIn(intestazione->viewport(), bordo(intestazione, colonna));
+}
+
+void doppioClicIntestazione(VistaGriglia *vista, int colonna) {
+    QHeaderView *intestazione = vista->horizontalHeader();
+    doppioClicIn(intestazione->viewport(), QPoint(intestazione->sectionViewportPosition(colonna) +
+                                                      intestazione->sectionSize(colonna) / 2,
+                                                  intestazione->height() / 2));
 }
 
 } // namespace StrumentiProva

@@ -44,6 +44,14 @@ void clic(QAbstractButton *pulsante);
 void clicDestro(VistaGriglia *vista, int riga, int colonna);
 // A double click on a cell of a grid.
 void doppioClic(VistaGriglia *vista, int riga, int colonna);
+// A click of the left button in the middle of a column's header.
+void clicIntestazione(VistaGriglia *vista, int colonna);
+// The right edge of a column's header dragged by `dx` pixels with the left button, as a user
+// widens (dx > 0) or narrows a column.
+void trascinaBordo(VistaGriglia *vista, int colonna, int dx);
+// A double click on the right edge of a column's header, and one in its middle.
+void doppioClicBordo(VistaGriglia *vista, int colonna);
+void doppioClicIntestazione(VistaGriglia *vista, int colonna);
 // The field's text selected and typed over, key by key (an empty text deletes it).
 void scriviSopra(QLineEdit *campo, const QString &testo);
 
