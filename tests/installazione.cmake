@@ -3,6 +3,7 @@
 # new, empty data folder and sees it fill the folder and stay up.
 #   cmake -DBUILD=<build folder> -DSORGENTI=<sources> -DID=<application id>
 #         -DVERSIONE=<version> -DLATI=<icon sizes> -DREADELF=<readelf> -P installazione.cmake
+cmake_minimum_required(VERSION 3.25)
 foreach(v BUILD SORGENTI ID VERSIONE LATI READELF)
     if(NOT DEFINED ${v})
         message(FATAL_ERROR "Manca -D${v}")
@@ -73,13 +74,14 @@ if(mancanti OR estranei)
         "Non attesi:\n  ${e}")
 endif()
 
-# Stripped, as lintian wants the program of a package: no symbol table, no debugging sections.
+# Stripped, as lintian wants the program of a package: no symbol table, no debugging sections,
+# no names of the compilers.
 execute_process(COMMAND ${READELF} -S -W ${prefisso}/bin/vespara
     RESULT_VARIABLE esito OUTPUT_VARIABLE sezioni ERROR_VARIABLE errore)
 if(NOT esito EQUAL 0)
     message(FATAL_ERROR "readelf non legge il programma installato: ${errore}")
 endif()
-if(sezioni MATCHES "[.](symtab|debug_[a-z]+)")
+if(sezioni MATCHES "[.](symtab|comment|debug_[a-z]+)")
     message(FATAL_ERROR "Il programma installato non è spogliato: ha ${CMAKE_MATCH_0}")
 endif()
 
@@ -101,11 +103,11 @@ foreach(coppia "share/man/man1/vespara.1.gz;desktop/vespara.1"
         message(FATAL_ERROR "${compresso} non contiene ${sorgente}")
     endif()
 endforeach()
-file(STRINGS ${SORGENTI}/desktop/changelog cambiamenti LIMIT_COUNT 1)
+file(READ ${SORGENTI}/desktop/changelog cambiamenti)
 string(REPLACE "." "[.]" versione "${VERSIONE}")
-if(NOT cambiamenti MATCHES "^vespara \\(${versione}\\) [a-z-]+; urgency=[a-z]+$")
-    message(FATAL_ERROR "La prima voce del changelog non è della versione ${VERSIONE}: "
-        "${cambiamenti}")
+if(NOT cambiamenti MATCHES "^vespara \\(${versione}\\) [a-z-]+; urgency=[a-z]+\n")
+    string(REGEX MATCH "^[^\n]*" prima "${cambiamenti}")
+    message(FATAL_ERROR "La prima voce del changelog non è della versione ${VERSIONE}: ${prima}")
 endif()
 file(STRINGS ${SORGENTI}/desktop/vespara.1 titolo REGEX "^[.]TH ")
 if(NOT titolo MATCHES "^[.]TH VESPARA 1 \"[^\"]+\" \"Vespara ${versione}\" ")
@@ -118,6 +120,8 @@ endif()
 # its own.
 file(READ ${prefisso}/share/doc/vespara/copyright diritti)
 string(STRIP "${diritti}" diritti)
+# Semicolons would split CMake's lists; the checks read no text where they matter.
+string(REPLACE ";" "," diritti "${diritti}")
 string(REGEX REPLACE "\n\n+" ";" paragrafi "${diritti}")
 list(POP_FRONT paragrafi testata)
 if(NOT testata MATCHES
