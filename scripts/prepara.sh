@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that Vespara needs to build, test and run, if any is missing.
+# Installs the Debian packages that Vespara needs to build, test and run, if any is missing, and
+# those named as arguments (the packaging script adds its checker).
 set -euo pipefail
 PACCHETTI=(g++ cmake ninja-build pkg-config qt6-base-dev libqt6sql6-sqlite libxlsxwriter-dev
     qt6-translations-l10n libbenchmark-dev fonts-liberation2 xvfb xauth python3-openpyxl
     poppler-utils clang libclang-rt-14-dev qt6-svg-dev desktop-file-utils appstream dpkg-dev
-    cups printer-driver-cups-pdf qt6-charts-dev)
+    cups printer-driver-cups-pdf qt6-charts-dev "$@")
 mancanti=()
 for p in "${PACCHETTI[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || mancanti+=("$p")
