@@ -11,6 +11,7 @@
 #include <QDialog>
 #include <QFile>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -121,6 +122,7 @@ private slots:
     void f1SuOgniSchermo();
     void f1SenzaSchermiEDallaGuida();
     void f1NellaRiduzione();
+    void nessunaVoceNeiMenu();
     void cercaUnaParola();
     void collegamentoEIndietro();
     void dimensioniDelloSchermo_data();
@@ -311,10 +313,6 @@ void TstGuida::pagineConsegnate() {
     QCOMPARE(guida.indice().first().pagine.first()->file, Guida::paginaIniziale());
     QCOMPARE(guida.paginaDi(u"mdiPannello"_s), Guida::paginaCornice());
     QVERIFY(guida.pagina(u"guida.html"_s));
-    // No page speaks of what the program is built from.
-    static const QRegularExpression vietate(u"spec\\.md|\\bPart [0-9]"_s);
-    for (const Guida::Pagina &p : guida.pagine())
-        QVERIFY2(!vietate.match(p.testo).hasMatch(), qPrintable(p.file));
 }
 
 void TstGuida::collegamentiValidi() {
@@ -429,6 +427,22 @@ void TstGuida::f1NellaRiduzione() {
                       inizio->mapTo(guida, inizio->rect().center()));
     QCOMPARE(guida->paginaCorrente(), u"index.html"_s);
     riduzione->reject();
+}
+
+void TstGuida::nessunaVoceNeiMenu() {
+    // The pop-up of the export is a window of the program too, but a menu shows every action it
+    // carries: F1 stays out of it.
+    MdiPannello &p = pannello();
+    QVERIFY(attiva(&p));
+    p.apriMenuGriglie(QPoint(50, 50));
+    auto *menu = p.findChild<QMenu *>(u"frmMenuGriglie"_s);
+    QVERIFY(menu);
+    QVERIFY(QTest::qWaitFor([menu] { return menu->isVisible(); }, 2000));
+    menu->setFocus(Qt::PopupFocusReason);
+    QCoreApplication::processEvents();
+    QVERIFY(!menu->actions().contains(p.azione(u"mnuGuida"_s)));
+    QCOMPARE(menu->actions().size(), 1);
+    menu->close();
 }
 
 void TstGuida::cercaUnaParola() {

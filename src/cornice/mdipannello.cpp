@@ -791,7 +791,10 @@ QString MdiPannello::paginaDellaGuida() const {
 void MdiPannello::portaLaGuida(QWidget *finestra) {
     // A window of the program's own (its screens are named "frm...") carries the action of F1:
     // a modal one blocks the frame, and the frame's action with it.
-    if (finestra->objectName().startsWith(u"frm"_s))
+    // Not a pop-up: a menu would show the action as one of its entries.
+    const Qt::WindowType tipo = finestra->windowType();
+    if ((tipo == Qt::Window || tipo == Qt::Dialog) && finestra->objectName().startsWith(u"frm"_s) &&
+        finestra->contextMenuPolicy() != Qt::ActionsContextMenu)
         finestra->addAction(m_voci.value(u"mnuGuida"_s));
 }
 
