@@ -151,6 +151,7 @@ private slots:
     void primoFuocoDiOgniSchermo();
     void spazioNonChiudeLoSchermoAppenaAperto();
     void tastiArrivanoAGestioneEComunicazioni();
+    void controlloIndicatoDalloSchermo();
     void colonnaAllargataSiLegge_data();
     void colonnaAllargataSiLegge();
 };
@@ -444,6 +445,29 @@ void TstFinestre::tastiArrivanoAGestioneEComunicazioni() {
     QVERIFY(QApplication::focusWidget() != primo);
     QVERIFY(comm->isAncestorOf(QApplication::focusWidget()));
     QCOMPARE(a.dialoghi.boxes.size(), 0);
+}
+
+void TstFinestre::controlloIndicatoDalloSchermo() {
+    // A screen that names its first control has the keyboard there; a control that can't take
+    // it (disabled) leaves another control of the screen, never the close mark.
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    MdiPannello &p = a.pannello();
+    QWidget *gestione = p.apriSchermo(u"frmGestione"_s);
+    QVERIFY(gestione);
+    auto *colonna = gestione->findChild<QLineEdit *>(u"txtColonna"_s);
+    auto *stagione = gestione->findChild<QLineEdit *>(u"txtStagione"_s);
+    QTRY_COMPARE(QApplication::focusWidget(), stagione);
+    MdiStile::primoControllo(gestione, colonna);
+    QCOMPARE(MdiStile::controlloIniziale(gestione), colonna);
+    MdiStile::primoFuoco(gestione);
+    QTRY_COMPARE(QApplication::focusWidget(), colonna);
+    colonna->setEnabled(false);
+    stagione->setEnabled(false);
+    QWidget *poi = MdiStile::controlloIniziale(gestione);
+    QVERIFY(poi && poi != colonna && poi != stagione);
+    QVERIFY(poi->isEnabled() && gestione->isAncestorOf(poi));
+    QVERIFY(poi->objectName() != u"lblEsci"_s);
 }
 
 void TstFinestre::colonnaAllargataSiLegge_data() {
