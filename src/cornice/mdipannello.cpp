@@ -583,9 +583,9 @@ QList<QWidget *> MdiPannello::schermiAperti() const {
 
 QWidget *MdiPannello::schermoAttivo() const {
     const QList<QWidget *> aperti = schermiAperti();
-    if (QWidget *finestra = QApplication::activeWindow();
-        finestra && finestra != this && aperti.contains(finestra))
-        return finestra;
+    for (QWidget *schermo : aperti)
+        if (schermo->isWindow() && schermo->isActiveWindow())
+            return schermo;
     // The area's current sub-window stays current while a box or another program has the focus.
     return MdiScorrimento::schermoDi(m_area->currentSubWindow());
 }
