@@ -772,9 +772,8 @@ QString MdiPannello::testoInformazioni() {
            "Copyright © gli sviluppatori di Vespara.\n\n"_s.arg(
                QCoreApplication::applicationVersion(), QString::fromLatin1(qVersion()),
                QStringLiteral(QT_VERSION_STR)) +
-           testoLicenza() +
-           u"\n\nL'archivio consegnato con il programma è costruito dai risultati reali delle "
-           u"partite "
+           testoLicenza() + u"\n\n"_s +
+           u"L'archivio consegnato con il programma è costruito dai risultati reali delle partite "
            "di Serie A e Serie B, stagioni dal 2013-14 al 2025-26, tratti da una banca dati di "
            "pubblico dominio (CC0). Non è l'archivio ufficiale dei concorsi del Totocalcio."_s;
 }
