@@ -104,6 +104,7 @@ private slots:
     void tastiTraGliSchermi();
     void tastiDiChiusura_data();
     void tastiDiChiusura();
+    void schermoInUnaFinestraPropria();
     void ctrlZNelLavoroDel9();
     void primaDimensione_data();
     void primaDimensione();
@@ -314,6 +315,30 @@ void TstMenuFinestre::tastiDiChiusura() {
                                                 : static_cast<QWidget *>(&p),
                     tasto.key(), tasto.keyboardModifiers());
     QTRY_COMPARE(nomi(p.schermiAperti()), QStringList{Pannello});
+    QVERIFY(a.dialoghi.boxes.isEmpty());
+}
+
+void TstMenuFinestre::schermoInUnaFinestraPropria() {
+    AmbienteProva a;
+    QVERIFY(a.avvia());
+    MdiPannello &p = a.pannello();
+    apri(p, {u"mnuArchivio"_s});
+    // A screen that is a window of its own (and modal) is listed and closed like the others, and
+    // keeps the user while it is open.
+    QWidget *messaggio = p.apriSchermo(u"frmInviaMessaggio"_s);
+    QVERIFY(messaggio);
+    // As the desktop gives a new window the focus.
+    messaggio->activateWindow();
+    QTRY_VERIFY(messaggio->isActiveWindow());
+    QCOMPARE(nomi(p.schermiAperti()),
+             (QStringList{Pannello, u"frmArchivio"_s, u"frmInviaMessaggio"_s}));
+    QCOMPARE(nomeAttivo(p), u"frmInviaMessaggio"_s);
+    QWidget *fuoco = QApplication::focusWidget();
+    QVERIFY(fuoco && messaggio->isAncestorOf(fuoco));
+    QTest::keyClick(fuoco, Qt::Key_Tab, Qt::ControlModifier);
+    QCOMPARE(nomeAttivo(p), u"frmInviaMessaggio"_s);
+    QTest::keyClick(fuoco, Qt::Key_W, Qt::ControlModifier);
+    QTRY_COMPARE(nomi(p.schermiAperti()), (QStringList{Pannello, u"frmArchivio"_s}));
     QVERIFY(a.dialoghi.boxes.isEmpty());
 }
 

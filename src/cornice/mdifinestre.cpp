@@ -5,6 +5,7 @@
 #include "cornice/suggerimentimenu.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -75,6 +76,9 @@ void MdiFinestre::sovrapponi() {
 }
 
 void MdiFinestre::passa(int verso) {
+    // A modal screen keeps the user until it is closed.
+    if (QApplication::activeModalWidget())
+        return;
     const QList<QWidget *> aperti = m_pannello.schermiAperti();
     if (aperti.isEmpty())
         return;

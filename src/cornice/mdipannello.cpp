@@ -595,9 +595,9 @@ QList<QWidget *> MdiPannello::schermiAperti() const {
 
 QWidget *MdiPannello::schermoAttivo() const {
     const QList<QWidget *> aperti = schermiAperti();
-    if (QWidget *finestra = QApplication::activeWindow();
-        finestra && finestra != this && aperti.contains(finestra))
-        return finestra;
+    for (QWidget *schermo : aperti)
+        if (schermo->isWindow() && schermo->isActiveWindow())
+            return schermo;
     // The area's current sub-window stays current while a box or another program has the focus.
     return MdiScorrimento::schermoDi(m_area->currentSubWindow());
 }
@@ -822,9 +822,8 @@ QString MdiPannello::testoInformazioni() {
            "Copyright © gli sviluppatori di Vespara.\n\n"_s.arg(
                QCoreApplication::applicationVersion(), QString::fromLatin1(qVersion()),
                QStringLiteral(QT_VERSION_STR)) +
-           testoLicenza() +
-           u"\n\nL'archivio consegnato con il programma è costruito dai risultati reali delle "
-           u"partite "
+           testoLicenza() + u"\n\n"_s +
+           u"L'archivio consegnato con il programma è costruito dai risultati reali delle partite "
            "di Serie A e Serie B, stagioni dal 2013-14 al 2025-26, tratti da una banca dati di "
            "pubblico dominio (CC0). Non è l'archivio ufficiale dei concorsi del Totocalcio."_s;
 }

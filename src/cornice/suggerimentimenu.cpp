@@ -31,7 +31,7 @@ constexpr Suggerimento Suggerimenti[] = {
     {"mnuAnalisi9", "Le colonne del 9, da filtrare, ridurre, stampare ed esportare."},
     {"mnuStatSegni", "Frequenza e ritardo di 1, X e 2 in ognuna delle 14 posizioni."},
     {"mnuFormule", "Frequenza e ritardo delle 47 formule del 9."},
-    {"mnuCampionato", "Il calendario e le squadre dei campionati."},
+    {"mnuCampionato", "Il calendario e le squadre dei campionati, e il loro aggiornamento."},
     {"mnuVisCampionato", "Il calendario di Serie A e Serie B, giornata per giornata."},
     {"mnuGestisciSquadre", "Rinomina le squadre delle serie italiane e imposta la stagione."},
     {"mnuAggiornaCampionato", "Scarica dal sito le squadre italiane della nuova stagione."},
@@ -44,8 +44,8 @@ constexpr Suggerimento Suggerimenti[] = {
     {"mnuCampionatiStranieri", "Aggiorna dal sito le classifiche dei dodici campionati stranieri."},
     {"mnuPartiStraniere", "Gli aggiornamenti di una parte soltanto."},
     {"mnuSoloArchivi",
-     "Riscarica dal sito l'archivio completo delle colonne vincenti e ne ricostruisce gli "
-     "archivi."},
+     "Scarica dal sito l'archivio completo delle colonne vincenti e ne ricostruisce gli archivi "
+     "del programma."},
     {"mnuSoloClassifiche", "Aggiorna soltanto le classifiche."},
     {"mnuTutte", "Aggiorna dal sito le classifiche delle sette serie italiane."},
     {"mnuParti", "Aggiorna la classifica di un solo campionato straniero."},
