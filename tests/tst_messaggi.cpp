@@ -37,6 +37,7 @@
 #include <QTest>
 #include <QTextBrowser>
 #include <QTimer>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -205,6 +206,7 @@ private slots:
     // The other screens.
     void inviaMessaggio();
     void inviaMessaggioAnnulla();
+    void inviaMessaggioSitoCartella();
     void noteDiRilascio();
     void noteDiRilascioAllAvvio();
     void altriGiochiESito();
@@ -1001,6 +1003,28 @@ void TstMessaggi::inviaMessaggioAnnulla() {
     QTRY_VERIFY(!b.schermo(u"frmInviaMessaggio"_s));
     QVERIFY(b.server.richieste().isEmpty());
     QVERIFY(b.a.dialoghi.boxes.isEmpty());
+}
+
+void TstMessaggi::inviaMessaggioSitoCartella() {
+    // The installed site is a folder: nothing would read the message, and the user is told so.
+    Banco b;
+    QVERIFY(b.avvia());
+    QTemporaryDir cartella;
+    QVERIFY(cartella.isValid());
+    b.a.impostaSito(QUrl::fromLocalFile(cartella.path()).toString());
+    b.menu(u"TB(7)"_s);
+    QWidget *frm = b.schermo(u"frmInviaMessaggio"_s);
+    QVERIFY(frm);
+    QTest::keyClicks(b.w<QLineEdit>(frm, u"txtMessaggio"_s), u"Ciao"_s);
+    b.server.svuotaRichieste();
+    b.clic(frm, u"cmdInvia"_s);
+    QCOMPARE(b.a.dialoghi.boxes.size(), 1);
+    QVERIFY(b.a.dialoghi.testi().constFirst().startsWith(
+        u"Il sito degli aggiornamenti è una cartella di questo computer"_s));
+    QVERIFY(b.server.richieste().isEmpty());
+    QVERIFY(b.schermo(u"frmInviaMessaggio"_s));
+    b.clic(frm, u"cmdAnnulla"_s);
+    QTRY_VERIFY(!b.schermo(u"frmInviaMessaggio"_s));
 }
 
 void TstMessaggi::noteDiRilascio() {

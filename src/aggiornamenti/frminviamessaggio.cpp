@@ -6,11 +6,13 @@
 #include "piattaforma/guardia.h"
 #include "piattaforma/rete.h"
 
+#include <QDir>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QUrl>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -81,6 +83,16 @@ QString FrmInviaMessaggio::percorsoRichiesta(const QString &codice, const QStrin
 
 void FrmInviaMessaggio::invia() {
     Rete &rete = m_stato.rete();
+    // A site that is a folder of this computer (the one installed with the program) has no one
+    // to read the message: saying it was sent would mislead the user.
+    if (const QUrl radice(rete.radice()); radice.isLocalFile()) {
+        m_stato.dialoghi().informazione(
+            Dialoghi::titoloAggiornamenti(),
+            u"Il sito degli aggiornamenti è una cartella di questo computer (%1): il messaggio non "
+            "può essere inviato. Per scrivere allo Staff indicare l'indirizzo del sito web in "
+            "Info > Impostazioni…."_s.arg(QDir::toNativeSeparators(radice.toLocalFile())));
+        return;
+    }
     Rete::Operazione operazione(rete);
     if (!rete.verificaConnessione()) {
         m_stato.dialoghi().informazione(

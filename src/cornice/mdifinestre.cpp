@@ -5,6 +5,7 @@
 #include "cornice/suggerimentimenu.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -18,7 +19,8 @@ using namespace Qt::StringLiterals;
 MdiFinestre::MdiFinestre(MdiPannello &pannello, QMenu *menu)
     : QObject(&pannello)
     , m_pannello(pannello)
-    , m_menu(menu) {
+    , m_menu(menu)
+    , m_gruppo(new QActionGroup(this)) {
     setObjectName(u"finestre"_s);
     pannello.registraAzione(u"mnuSovrapponi"_s, [this] { sovrapponi(); });
     pannello.registraAzione(u"mnuAffianca"_s, [this] { m_pannello.area()->tileSubWindows(); });
@@ -128,6 +130,7 @@ void MdiFinestre::componi() {
         a->setStatusTip(SuggerimentiMenu::per(QLatin1StringView(SuggerimentiMenu::VoceFinestra)));
         a->setCheckable(true);
         a->setChecked(schermo == attivo);
+        a->setActionGroup(m_gruppo);
         connect(a, &QAction::triggered, this, [this, schermo] {
             if (schermo)
                 m_pannello.attivaSchermo(schermo);

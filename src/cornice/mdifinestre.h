@@ -5,6 +5,7 @@
 
 class MdiPannello;
 class QAction;
+class QActionGroup;
 class QMdiSubWindow;
 class QMenu;
 class QWidget;
@@ -41,6 +42,8 @@ private:
     MdiPannello &m_pannello;
     QMenu *m_menu;
     QAction *m_separatore = nullptr;
+    // One of the list is checked, the active screen: the desktop shows it as a radio choice.
+    QActionGroup *m_gruppo = nullptr;
     QList<QAction *> m_elenco;
     QList<QAction *> m_tasti;
 };
