@@ -3,6 +3,7 @@
 #include "piattaforma/dialoghi.h"
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -21,6 +22,8 @@
 #include <QTreeWidgetItemIterator>
 #include <QUrl>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -202,6 +205,21 @@ void FrmGuida::creaIndice() {
         }
         intestazione->setExpanded(true);
     }
+    // The index is as wide as its longest title, so that no title is cut: the full index is the
+    // widest the list ever shows.
+    int larghezza = 0;
+    for (QTreeWidgetItemIterator it(m_lstIndice); *it; ++it) {
+        int livello = 0;
+        for (const QTreeWidgetItem *v = (*it)->parent(); v; v = v->parent())
+            ++livello;
+        larghezza =
+            std::max(larghezza, (livello + 1) * m_lstIndice->indentation() +
+                                    QFontMetrics((*it)->font(0)).horizontalAdvance((*it)->text(0)));
+    }
+    m_lstIndice->setMinimumWidth(
+        std::max(m_lstIndice->minimumWidth(),
+                 larghezza + 2 * m_lstIndice->frameWidth() +
+                     m_lstIndice->style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 8));
     // The page shown stays marked in the index.
     const QString corrente = paginaCorrente();
     for (QTreeWidgetItemIterator it(m_lstIndice); *it; ++it)
