@@ -523,7 +523,7 @@ void TstMenuFinestre::creditsELicenza() {
     const QString credits = a.dialoghi.boxes.first().testo;
     QVERIFY(!credits.contains(u"Tutti i diritti riservati"_s, Qt::CaseInsensitive));
     for (const QString &parte :
-         {QCoreApplication::applicationVersion(), u"© gli sviluppatori di Vespara"_s,
+         {QCoreApplication::applicationVersion(), u"© 2026 gli sviluppatori di Vespara"_s,
           u"GNU General Public License"_s, u"GPL-3.0-or-later"_s})
         QVERIFY2(credits.contains(parte), qPrintable(parte));
     // The same copyright and licence as "Informazioni su Vespara".

@@ -811,7 +811,7 @@ QString MdiPannello::testoLicenza() {
 
 QString MdiPannello::testoCredits() {
     return u"Vespara! ® Versione %1\n"
-           "Copyright © gli sviluppatori di Vespara.\n\n"_s.arg(
+           "Copyright © 2026 gli sviluppatori di Vespara.\n\n"_s.arg(
                QCoreApplication::applicationVersion()) +
            testoLicenza();
 }
@@ -819,7 +819,7 @@ QString MdiPannello::testoCredits() {
 QString MdiPannello::testoInformazioni() {
     return u"Vespara! Versione %1\n"
            "Qt %2 (compilato con Qt %3)\n"
-           "Copyright © gli sviluppatori di Vespara.\n\n"_s.arg(
+           "Copyright © 2026 gli sviluppatori di Vespara.\n\n"_s.arg(
                QCoreApplication::applicationVersion(), QString::fromLatin1(qVersion()),
                QStringLiteral(QT_VERSION_STR)) +
            testoLicenza() + u"\n\n"_s +
