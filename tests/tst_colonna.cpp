@@ -1,5 +1,7 @@
 #include "core/colonna.h"
+#include "core/indicecolonna.h"
 
+#include <QRandomGenerator>
 #include <QSet>
 #include <QtTest>
 
@@ -28,6 +30,10 @@ class TestColonna : public QObject {
 
 private slots:
     void tabelleFisse();
+    void indiceColonna_data();
+    void indiceColonna();
+    void indiceColonnaNonValido_data();
+    void indiceColonnaNonValido();
     void formuleCampioni_data();
     void formuleCampioni();
     void formuleInsieme();
@@ -274,6 +280,65 @@ void TestColonna::lineaQuattordiciNonRicalcola() {
     QCOMPARE(Colonna::lineaQuattordici({u"2000"_s, u"12"_s, u"22222222222222"_s, u"0"_s, u"0"_s,
                                         u"14"_s, u"0"_s, u"7"_s, u"7"_s}),
              u"Formula del 14: 0-0-14     Int.0  Simm.7  Paral.7"_s);
+}
+
+void TestColonna::indiceColonna_data() {
+    QTest::addColumn<int>("n");
+    for (int n = 1; n <= IndiceColonna::SegniMassimi; ++n)
+        QTest::newRow(qPrintable(u"%1 segni"_s.arg(n))) << n;
+}
+
+void TestColonna::indiceColonna() {
+    // Against the plain reading of a column: the sum of each sign's digit times its place value,
+    // on the first and last columns and on random ones; and the index order is the order of
+    // the texts over 1 < X < 2.
+    QFETCH(int, n);
+    const std::uint32_t numero = IndiceColonna::colonne(n);
+    std::uint32_t atteso = 1;
+    for (int i = 0; i < n; ++i)
+        atteso *= 3;
+    QCOMPARE(numero, atteso);
+    auto ordine = [](QString t) { return t.replace(u'X', u'A').replace(u'2', u'B'); };
+    QRandomGenerator caso(quint32(n) * 7919u);
+    QString precedente;
+    std::uint32_t indicePrecedente = 0;
+    for (int prova = 0; prova < 200; ++prova) {
+        const std::uint32_t indice = prova == 0   ? 0
+                                     : prova == 1 ? numero - 1
+                                                  : caso.bounded(numero);
+        const QString t = IndiceColonna::testo(indice, n);
+        QCOMPARE(t.size(), n);
+        std::uint32_t somma = 0;
+        for (const QChar c : t) {
+            const int d = QStringLiteral("1X2").indexOf(c);
+            QVERIFY(d >= 0);
+            somma = somma * 3 + std::uint32_t(d);
+        }
+        QCOMPARE(somma, indice);
+        QCOMPARE(IndiceColonna::daTesto(t), int(indice));
+        if (prova > 1)
+            QCOMPARE(ordine(precedente) < ordine(t), indicePrecedente < indice);
+        precedente = t;
+        indicePrecedente = indice;
+    }
+}
+
+void TestColonna::indiceColonnaNonValido_data() {
+    QTest::addColumn<QString>("testo");
+    QTest::addColumn<int>("indice");
+    QTest::newRow("vuoto") << QString() << 0;
+    QTest::newRow("minuscola") << u"11x"_s << -1;
+    QTest::newRow("zero") << u"1102"_s << -1;
+    QTest::newRow("spazio") << u"1 2"_s << -1;
+    QTest::newRow("trattino") << u"-"_s << -1;
+    QTest::newRow("14 segni") << u"22222222222222"_s << 4782968;
+    QTest::newRow("15 segni") << u"111111111111111"_s << -1;
+}
+
+void TestColonna::indiceColonnaNonValido() {
+    QFETCH(QString, testo);
+    QFETCH(int, indice);
+    QCOMPARE(IndiceColonna::daTesto(testo), indice);
 }
 
 QTEST_APPLESS_MAIN(TestColonna)

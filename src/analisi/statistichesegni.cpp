@@ -1,6 +1,7 @@
 #include "analisi/statistichesegni.h"
 
 #include "core/colonna.h"
+#include "core/indicecolonna.h"
 #include "piattaforma/erroreesecuzione.h"
 
 #include <algorithm>
@@ -10,23 +11,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QStringList enumera(int lunghezza) {
-    QStringList elenco{QString()};
-    for (int k = 0; k < lunghezza; ++k) {
-        QStringList successivo;
-        successivo.reserve(elenco.size() * 3);
-        for (const QString &prefisso : std::as_const(elenco))
-            for (const QString &segno : Colonna::segni())
-                successivo.append(prefisso + segno);
-        elenco = successivo;
-    }
+    QStringList elenco;
+    const std::uint32_t numero = IndiceColonna::colonne(lunghezza);
+    elenco.reserve(qsizetype(numero));
+    for (std::uint32_t i = 0; i < numero; ++i)
+        elenco.append(IndiceColonna::testo(i, lunghezza));
     return elenco;
-}
-
-int potenzaDiTre(int esponente) {
-    int p = 1;
-    while (esponente-- > 0)
-        p *= 3;
-    return p;
 }
 
 template <std::size_t N>
@@ -58,7 +48,7 @@ StatisticheSegni::conta(const ArchivioColonne &archivio, std::span<const Fetta> 
                         const Finestra &finestra, const std::function<bool(int)> &contaConcorso) {
     std::vector<Presenze> presenze(fette.size());
     for (std::size_t k = 0; k < fette.size(); ++k) {
-        const int schemi = potenzaDiTre(fette[k].lunghezza);
+        const int schemi = int(IndiceColonna::colonne(fette[k].lunghezza));
         presenze[k].frequenza.assign(schemi, 0);
         presenze[k].ultimo.assign(schemi, 0);
     }
@@ -109,20 +99,7 @@ const QStringList &StatisticheSegni::elencoCoppie() {
 }
 
 int StatisticheSegni::indice(QStringView schema) {
-    int valore = 0;
-    for (const QChar c : schema) {
-        int cifra;
-        if (c == u'1')
-            cifra = 0;
-        else if (c == u'X')
-            cifra = 1;
-        else if (c == u'2')
-            cifra = 2;
-        else
-            return -1;
-        valore = valore * 3 + cifra;
-    }
-    return valore;
+    return IndiceColonna::daTesto(schema);
 }
 
 void StatisticheSegni::verificaCapacita(int numero, const QString &schermo) {
