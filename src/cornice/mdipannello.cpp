@@ -718,10 +718,7 @@ void MdiPannello::entroLArea(QMdiSubWindow *s) const {
     const QSize area = m_area->viewport()->size();
     if (s->isMaximized() || area.isEmpty())
         return;
-    if (s->width() > area.width() || s->height() > area.height())
-        s->resize(s->size().boundedTo(area));
-    s->move(std::clamp(s->x(), 0, std::max(0, area.width() - s->width())),
-            std::clamp(s->y(), 0, std::max(0, area.height() - s->height())));
+    s->setGeometry(dentro(s->geometry(), QRect(QPoint(0, 0), area)));
 }
 
 bool MdiPannello::eventFilter(QObject *oggetto, QEvent *e) {
@@ -853,11 +850,14 @@ void MdiPannello::mostra() {
 
 QRect MdiPannello::entroLoSchermo(QRect r, const QRect &area) {
     // Room for the title bar and the borders that the window manager adds around the frame.
-    const QRect dentro = area.adjusted(BordoFinestra.left(), BordoFinestra.top(),
-                                       -BordoFinestra.right(), -BordoFinestra.bottom());
-    r.setSize(r.size().boundedTo(dentro.size()));
-    r.moveLeft(std::clamp(r.left(), dentro.left(), dentro.right() + 1 - r.width()));
-    r.moveTop(std::clamp(r.top(), dentro.top(), dentro.bottom() + 1 - r.height()));
+    return dentro(r, area.adjusted(BordoFinestra.left(), BordoFinestra.top(),
+                                   -BordoFinestra.right(), -BordoFinestra.bottom()));
+}
+
+QRect MdiPannello::dentro(QRect r, const QRect &spazio) {
+    r.setSize(r.size().boundedTo(spazio.size()));
+    r.moveLeft(std::clamp(r.left(), spazio.left(), spazio.right() + 1 - r.width()));
+    r.moveTop(std::clamp(r.top(), spazio.top(), spazio.bottom() + 1 - r.height()));
     return r;
 }
 

@@ -143,6 +143,8 @@ private:
     // Every sub-window within the area: one larger than it is made as large as the area (its
     // screen then scrolls) and moved back inside.
     void entroLArea(QMdiSubWindow *s) const;
+    // A rectangle made no larger than `spazio` and moved, as little as it takes, into it.
+    static QRect dentro(QRect r, const QRect &spazio);
     QMdiSubWindow *sottofinestra(const QString &nome) const;
 
     StatoProgramma &m_stato;
